@@ -1,0 +1,32 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace frelta {
+
+/// Says why a program could not be started.
+class LaunchFailure : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class ProcessLauncher {
+ public:
+  virtual ~ProcessLauncher() = default;
+
+  /// Starts the program with exactly this argument vector (its own name first), no file actions, no
+  /// attributes and no environment, and returns at once: the child is not waited for and whether it
+  /// started is not told.
+  virtual void spawn(const std::string& path, const std::vector<std::string>& argumentVector) = 0;
+
+  /// Runs the program with these arguments (its own name not among them) in a working folder of the
+  /// host and returns its standard output, read to the end. The exit status is not examined.
+  /// Throws LaunchFailure when the program cannot be started.
+  virtual std::string standardOutputOf(const std::string& path,
+                                       const std::vector<std::string>& arguments,
+                                       const std::string& workingDirectory) = 0;
+};
+
+}  // namespace frelta
