@@ -1,0 +1,140 @@
+#include "linux/XMLPropertyListWriter.h"
+
+#include <algorithm>
+
+#include "foundation/Base64.h"
+#include "foundation/PropertyListSerialization.h"
+#include "foundation/UTF8.h"
+#include "linux/PropertyListScalars.h"
+
+namespace frelta {
+namespace {
+
+constexpr std::string_view kHeader =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+    "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+    "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
+    "<plist version=\"1.0\">\n";
+constexpr std::string_view kFooter = "</plist>\n";
+constexpr std::size_t kBase64LineLength = 76;
+
+/// Writes a value, one call operator a type; each is false when the form cannot hold the value.
+class Writer {
+ public:
+  bool write(const PropertyListValue& value) { return std::visit(*this, value.storage()); }
+  std::string take() { return std::move(out_); }
+
+  bool operator()(Null) { return false; }
+  bool operator()(bool value) { return line(value ? "<true/>" : "<false/>"); }
+  bool operator()(std::int64_t value) { return element("integer", std::to_string(value)); }
+  bool operator()(std::uint64_t value) { return element("integer", std::to_string(value)); }
+  bool operator()(double value) { return element("real", textFromReal(value)); }
+  bool operator()(const std::string& text) { return textElement("string", text); }
+  bool operator()(Date date) { return isInRange(date) && element("date", textFromDate(date)); }
+  bool operator()(const Data& data) {
+    line("<data>");
+    const std::string text = base64EncodedString(data.bytes);
+    for (std::size_t i = 0; i < text.size(); i += kBase64LineLength)
+      line(std::string_view(text).substr(i, kBase64LineLength));
+    return line("</data>");
+  }
+  bool operator()(const Array& array) {
+    if (array.empty()) return depth_ < kMaximumDepth && line("<array/>");
+    return open("<array>") &&
+           std::all_of(array.begin(), array.end(),
+                       [this](const PropertyListValue& value) { return write(value); }) &&
+           close("</array>");
+  }
+  bool operator()(const Dictionary& dictionary) {
+    if (dictionary.empty()) return depth_ < kMaximumDepth && line("<dict/>");
+    return open("<dict>") &&
+           std::all_of(dictionary.begin(), dictionary.end(),
+                       [this](const auto& entry) {
+                         return textElement("key", entry.first) && write(entry.second);
+                       }) &&
+           close("</dict>");
+  }
+
+ private:
+  static constexpr std::size_t kMaximumDepth = PropertyListSerialization::kMaximumDepth;
+
+  bool open(std::string_view tag) {
+    if (depth_ == kMaximumDepth) return false;
+    line(tag);
+    ++depth_;
+    return true;
+  }
+
+  bool close(std::string_view tag) {
+    --depth_;
+    return line(tag);
+  }
+
+  bool line(std::string_view content) {
+    out_.append(depth_, '\t').append(content) += '\n';
+    return true;
+  }
+
+  bool element(std::string_view name, std::string_view content) {
+    startTag(name);
+    out_ += content;
+    return endTag(name);
+  }
+
+  bool textElement(std::string_view name, std::string_view text) {
+    startTag(name);
+    return escape(text) && endTag(name);
+  }
+
+  void startTag(std::string_view name) {
+    out_.append(depth_, '\t').append("<").append(name) += '>';
+  }
+
+  bool endTag(std::string_view name) {
+    out_.append("</").append(name).append(">\n");
+    return true;
+  }
+
+  bool escape(std::string_view text) {
+    for (std::size_t position = 0; position < text.size();) {
+      const std::optional<Scalar> scalar = scalarAt(text, position);
+      if (!scalar || !isXMLCharacter(scalar->value)) return false;
+      switch (scalar->value) {
+        case '&':
+          out_ += "&amp;";
+          break;
+        case '<':
+          out_ += "&lt;";
+          break;
+        case '>':
+          out_ += "&gt;";
+          break;
+        case '\r':  // a reader turns a bare one into a line feed
+          out_ += "&#13;";
+          break;
+        default:
+          out_ += text.substr(position, scalar->length);
+      }
+      position += scalar->length;
+    }
+    return true;
+  }
+
+  static bool isXMLCharacter(char32_t c) {
+    if (c < 0x20) return c == '\t' || c == '\n' || c == '\r';
+    return c != 0xFFFE && c != 0xFFFF;
+  }
+
+  std::string out_{kHeader};
+  std::size_t depth_ = 0;
+};
+
+}  // namespace
+
+std::optional<std::string> writeXMLPropertyList(const PropertyListValue& value) {
+  Writer writer;
+  if (!writer.write(value)) return std::nullopt;
+  return writer.take().append(kFooter);
+}
+
+}  // namespace frelta
