@@ -1,0 +1,84 @@
+#include "graphics/UIColor.h"
+
+namespace frelta {
+
+namespace {
+
+constexpr UIColor::Components rgb(int red, int green, int blue, double alpha = 1) {
+  return {red / 255.0, green / 255.0, blue / 255.0, alpha};
+}
+
+}  // namespace
+
+UIColor UIColor::colorWithRed(double red, double green, double blue, double alpha) {
+  const Components components{red, green, blue, alpha};
+  return {components, components};
+}
+
+UIColor UIColor::colorWithLightAndDark(Components light, Components dark) {
+  return {light, dark};
+}
+
+UIColor UIColor::clearColor() {
+  return colorWithRed(0, 0, 0, 0);
+}
+UIColor UIColor::whiteColor() {
+  return colorWithRed(1, 1, 1, 1);
+}
+UIColor UIColor::blackColor() {
+  return colorWithRed(0, 0, 0, 1);
+}
+UIColor UIColor::grayColor() {
+  return colorWithRed(0.5, 0.5, 0.5, 1);
+}
+
+UIColor UIColor::labelColor() {
+  return {rgb(0, 0, 0), rgb(255, 255, 255)};
+}
+UIColor UIColor::secondaryLabelColor() {
+  return {rgb(60, 60, 67, 0.6), rgb(235, 235, 245, 0.6)};
+}
+UIColor UIColor::tertiaryLabelColor() {
+  return {rgb(60, 60, 67, 0.3), rgb(235, 235, 245, 0.3)};
+}
+UIColor UIColor::placeholderTextColor() {
+  return tertiaryLabelColor();
+}
+UIColor UIColor::separatorColor() {
+  return {rgb(60, 60, 67, 0.29), rgb(84, 84, 88, 0.6)};
+}
+UIColor UIColor::systemBackgroundColor() {
+  return {rgb(255, 255, 255), rgb(0, 0, 0)};
+}
+UIColor UIColor::systemGroupedBackgroundColor() {
+  return {rgb(242, 242, 247), rgb(0, 0, 0)};
+}
+UIColor UIColor::secondarySystemGroupedBackgroundColor() {
+  return {rgb(255, 255, 255), rgb(28, 28, 30)};
+}
+UIColor UIColor::systemBlueColor() {
+  return {rgb(0, 122, 255), rgb(10, 132, 255)};
+}
+UIColor UIColor::systemGreenColor() {
+  return {rgb(52, 199, 89), rgb(48, 209, 88)};
+}
+UIColor UIColor::systemRedColor() {
+  return {rgb(255, 59, 48), rgb(255, 69, 58)};
+}
+UIColor UIColor::systemGray3Color() {
+  return {rgb(199, 199, 204), rgb(72, 72, 74)};
+}
+UIColor UIColor::systemGray4Color() {
+  return {rgb(209, 209, 214), rgb(58, 58, 60)};
+}
+UIColor UIColor::systemFillColor() {
+  return {rgb(120, 120, 128, 0.2), rgb(120, 120, 128, 0.36)};
+}
+UIColor UIColor::secondarySystemFillColor() {
+  return {rgb(120, 120, 128, 0.16), rgb(120, 120, 128, 0.32)};
+}
+UIColor UIColor::tertiarySystemFillColor() {
+  return {rgb(118, 118, 128, 0.12), rgb(118, 118, 128, 0.24)};
+}
+
+}  // namespace frelta

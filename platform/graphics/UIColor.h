@@ -1,0 +1,57 @@
+#pragma once
+
+#include "foundation/SystemInformation.h"
+
+namespace frelta {
+
+/// A colour in extended sRGB, not premultiplied, that may differ between light and dark appearance.
+/// It is resolved when it is drawn.
+class UIColor {
+ public:
+  struct Components {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+    double alpha = 1;
+    bool operator==(const Components&) const = default;
+  };
+
+  /// The same colour in both appearances.
+  static UIColor colorWithRed(double red, double green, double blue, double alpha);
+  static UIColor colorWithLightAndDark(Components light, Components dark);
+
+  static UIColor clearColor();
+  static UIColor whiteColor();
+  static UIColor blackColor();
+  static UIColor grayColor();
+
+  // The platform's adaptive colours, with the values that its design resources publish.
+  static UIColor labelColor();
+  static UIColor secondaryLabelColor();
+  static UIColor tertiaryLabelColor();
+  static UIColor placeholderTextColor();
+  static UIColor separatorColor();
+  static UIColor systemBackgroundColor();
+  static UIColor systemGroupedBackgroundColor();
+  static UIColor secondarySystemGroupedBackgroundColor();
+  static UIColor systemBlueColor();
+  static UIColor systemGreenColor();
+  static UIColor systemRedColor();
+  static UIColor systemGray3Color();
+  static UIColor systemGray4Color();
+  static UIColor systemFillColor();
+  static UIColor secondarySystemFillColor();
+  static UIColor tertiarySystemFillColor();
+
+  Components componentsForStyle(UserInterfaceStyle style) const {
+    return style == UserInterfaceStyle::Dark ? dark_ : light_;
+  }
+  bool operator==(const UIColor&) const = default;
+
+ private:
+  UIColor(Components light, Components dark) : light_(light), dark_(dark) {}
+  Components light_;
+  Components dark_;
+};
+
+}  // namespace frelta
