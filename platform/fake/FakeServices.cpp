@@ -1,0 +1,73 @@
+#include "fake/FakeServices.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace frelta {
+
+namespace {
+
+/// Added times must not miss each other by a rounding error: ten steps of 0.1 reach 1.0.
+constexpr double kSameTime = 1e-9;
+
+}  // namespace
+
+void FakeDarwinNotificationCenter::post(std::string_view name) {
+  posted.emplace_back(name);
+}
+
+void FakeLog::log(std::string_view line) {
+  lines.emplace_back(line);
+}
+
+void FakeProcessLauncher::spawn(const std::string& path,
+                                const std::vector<std::string>& argumentVector) {
+  spawned.push_back({path, argumentVector});
+}
+
+std::string FakeProcessLauncher::standardOutputOf(const std::string& path,
+                                                  const std::vector<std::string>& arguments,
+                                                  const std::string& workingDirectory) {
+  runs.push_back({path, arguments, workingDirectory});
+  if (failsToLaunch) throw LaunchFailure(path + ": scripted failure");
+  return standardOutput;
+}
+
+void FakeMainQueue::async(Task task) {
+  after(0, std::move(task));
+}
+
+void FakeMainQueue::after(double seconds, Task task) {
+  tasks_.emplace(std::pair(now_ + std::max(0.0, seconds), nextOrder_++), std::move(task));
+}
+
+void FakeMainQueue::runPending() {
+  advance(0);
+}
+
+void FakeMainQueue::advance(double seconds) {
+  const double target = now_ + seconds;
+  while (!tasks_.empty() && tasks_.begin()->first.first <= target + kSameTime) {
+    const auto next = tasks_.extract(tasks_.begin());
+    now_ = std::max(now_, next.key().first);
+    try {
+      next.mapped()();
+    } catch (const std::exception& exception) {
+      exceptions.emplace_back(exception.what());
+    } catch (...) {
+      exceptions.emplace_back("unknown exception");
+    }
+  }
+  now_ = std::max(now_, target);
+}
+
+std::uint32_t FakeRandomSource::random32() {
+  ++drawn;
+  if (script.empty()) return 0;
+  const std::uint32_t number = script.front();
+  script.pop_front();
+  return number;
+}
+
+}  // namespace frelta

@@ -1,0 +1,122 @@
+#include "foundation/PropertyListFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "foundation/Platform.h"
+#include "linux/LinuxPropertyListSerialization.h"
+
+namespace frelta {
+namespace {
+
+/// Files in memory that can be read and written and count both.
+class MemoryFiles : public FileManager {
+ public:
+  bool fileExistsAtPath(std::string_view path) const override { return files.count(path) != 0; }
+  bool directoryExistsAtPath(std::string_view) const override { return false; }
+  std::optional<std::vector<std::string>> contentsOfDirectoryAtPath(
+      std::string_view) const override {
+    return std::nullopt;
+  }
+  std::optional<std::uint64_t> fileSizeAtPath(std::string_view) const override {
+    return std::nullopt;
+  }
+  std::optional<std::string> contentsAtPath(std::string_view path,
+                                            std::uint64_t maximumBytes) const override {
+    ++reads;
+    largestRead = maximumBytes;
+    const auto found = files.find(path);
+    if (found == files.end()) return std::nullopt;
+    return found->second;
+  }
+  bool createDirectoryAtPath(std::string_view) override { return false; }
+  bool removeItemAtPath(std::string_view) override { return false; }
+  bool copyItemAtPath(std::string_view, std::string_view) override { return false; }
+  bool writeAtomically(std::string_view path, std::string_view bytes) override {
+    ++writes;
+    if (diskIsFull) return false;
+    files.insert_or_assign(std::string(path), std::string(bytes));
+    return true;
+  }
+
+  std::map<std::string, std::string, std::less<>> files;
+  bool diskIsFull = false;
+  int writes = 0;
+  mutable int reads = 0;
+  mutable std::uint64_t largestRead = 0;
+};
+
+class PropertyListFiles : public testing::Test {
+ protected:
+  PropertyListFiles() {
+    Platform platform;
+    platform.fileManager = &files;
+    platform.propertyLists = &propertyLists;
+    Platform::install(platform);
+  }
+  ~PropertyListFiles() override { Platform::install({}); }
+
+  MemoryFiles files;
+  LinuxPropertyListSerialization propertyLists;
+};
+
+TEST_F(PropertyListFiles, WhatIsWrittenReadsBack) {
+  const Dictionary settings{{"HideKeyCaps", 1}, {"since", Date{86400}}, {"blob", Data{"\1\2"}}};
+
+  const bool written = writePropertyListToFile(settings, "/settings.plist");
+
+  EXPECT_TRUE(written);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/settings.plist"), settings);
+  EXPECT_EQ(files.writes, 1);
+  EXPECT_EQ(files.reads, 1);
+}
+
+TEST_F(PropertyListFiles, AFileThatIsMissingOrMalformedHasNoDictionary) {
+  files.files["/broken.plist"] = "<plist><dict>";
+  files.files["/empty.plist"] = "";
+
+  EXPECT_EQ(dictionaryWithContentsOfFile("/broken.plist"), std::nullopt);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/empty.plist"), std::nullopt);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/missing.plist"), std::nullopt);
+}
+
+TEST_F(PropertyListFiles, AnArrayCanBeWrittenButHasNoDictionary) {
+  const bool written = writePropertyListToFile(Array{"a"}, "/array.plist");
+
+  EXPECT_TRUE(written);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/array.plist"), std::nullopt);
+}
+
+TEST_F(PropertyListFiles, AnEmptyDictionaryIsNotAnAbsentOne) {
+  ASSERT_TRUE(writePropertyListToFile(Dictionary(), "/empty.plist"));
+
+  EXPECT_EQ(dictionaryWithContentsOfFile("/empty.plist"), Dictionary());
+}
+
+TEST_F(PropertyListFiles, AValueThatCannotBeStoredLeavesTheOldFile) {
+  ASSERT_TRUE(writePropertyListToFile(Dictionary{{"old", 1}}, "/settings.plist"));
+
+  const bool written = writePropertyListToFile(Dictionary{{"new", Null()}}, "/settings.plist");
+
+  EXPECT_FALSE(written);
+  EXPECT_EQ(files.writes, 1);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/settings.plist"), (Dictionary{{"old", 1}}));
+}
+
+TEST_F(PropertyListFiles, AFailedWriteIsTold) {
+  files.diskIsFull = true;
+
+  const bool written = writePropertyListToFile(Dictionary(), "/settings.plist");
+
+  EXPECT_FALSE(written);
+}
+
+TEST_F(PropertyListFiles, NoMoreThanTheLargestPropertyListIsEverRead) {
+  dictionaryWithContentsOfFile("/settings.plist");
+
+  EXPECT_EQ(files.largestRead, PropertyListSerialization::kMaximumBytes);
+}
+
+}  // namespace
+}  // namespace frelta

@@ -1,0 +1,258 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+#include "linux/TemporaryFile.h"
+#include "tests/linux/DeviceFiles.h"
+#include "tests/support/ForkedChild.h"
+#include "tests/support/SystemCallFilter.h"
+#include "tests/support/SystemCallStepper.h"
+
+namespace frelta {
+namespace {
+
+using testing::UnorderedElementsAre;
+using namespace std::chrono_literals;
+
+/// A folder with one file in it, whose old and new contents cannot be mistaken.
+class AtomicWrite : public testing::Test {
+ protected:
+  AtomicWrite() { device.put("/a/file", kOld); }
+
+  bool isWholeOldOrNew() const {
+    const std::string found = device.get("/a/file");
+    return found == kOld || found == kNew;
+  }
+  std::set<std::string> names() const { return DeviceFiles::names(device.host("/a")); }
+  /// Writes in a child that prepares itself first; the exit status tells the result.
+  int writeInChild(const std::function<void()>& prepare) const {
+    return waitStatusOfChild([&] {
+      LinuxFileManager files(device.root());
+      prepare();
+      return files.writeAtomically("/a/file", kNew) ? 0 : 1;
+    });
+  }
+  static bool isExit(int status, int expected) {
+    return WIFEXITED(status) && WEXITSTATUS(status) == expected;
+  }
+
+  static constexpr int kNewSize = 5000;
+  const std::string kOld = "old";
+  const std::string kNew = std::string(kNewSize, 'n');
+  DeviceFiles device;
+};
+
+/// Calls that a write makes, each at which it may be cut short or fail.
+const std::vector<long> kSystemCalls = {SYS_openat, SYS_flock, SYS_fchmod,
+                                        SYS_write,  SYS_fsync, SYS_renameat};
+
+TEST_F(AtomicWrite, KilledAtAnySystemCallLeavesOldOrNewAndNoLitterAfterTheNextWrite) {
+  LinuxFileManager files(device.root());
+  int runs = 0, oldFound = 0, newFound = 0, litterFound = 0;
+  bool hasEnded = false;
+
+  for (int stop = 1; !hasEnded; ++stop, ++runs) {
+    device.put("/a/file", kOld);
+    const auto run = killAtSystemCallStop(
+        {FRELTA_WRITE_ONCE, device.root(), "/a/file", std::to_string(kNewSize)}, stop);
+    if (!run.isTraced) GTEST_SKIP() << "NOT TESTED: this system does not allow ptrace";
+    hasEnded = run.exitStatus.has_value();
+    ASSERT_EQ(run.exitStatus.value_or(0), 0);
+    ASSERT_TRUE(isWholeOldOrNew()) << "killed at stop " << stop;
+    (device.get("/a/file") == kOld ? oldFound : newFound)++;
+    litterFound += names().size() > 1;
+    ASSERT_TRUE(files.writeAtomically("/a/other", "x"));
+    ASSERT_THAT(names(), UnorderedElementsAre("file", "other")) << "killed at stop " << stop;
+    std::filesystem::remove(device.host("/a/other"));
+  }
+
+  // All windows were hit: before, while and after the file took its name.
+  EXPECT_GT(oldFound, 0);
+  EXPECT_GT(newFound, 1);
+  EXPECT_GT(litterFound, 5);
+  EXPECT_GT(runs, 20);
+}
+
+TEST_F(AtomicWrite, DyingInEachOfItsCallsLeavesTheOldFileAndNoLitterAfterTheNextWrite) {
+  LinuxFileManager files(device.root());
+  for (const long call : kSystemCalls) {
+    const int status = writeInChild([&] { dieAtSystemCall(call); });
+
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGSYS) << call;
+    EXPECT_EQ(device.get("/a/file"), kOld) << call;
+    EXPECT_TRUE(files.writeAtomically("/a/file", kOld));
+    EXPECT_THAT(names(), UnorderedElementsAre("file")) << call;
+  }
+}
+
+TEST_F(AtomicWrite, AFailureOfAnyOfItsCallsIsToldAndLeavesTheOldFileAlone) {
+  for (const long call : kSystemCalls) {
+    if (call == SYS_flock) continue;
+
+    const int status = writeInChild([&] { failSystemCall(call, ENOSPC); });
+
+    EXPECT_TRUE(isExit(status, 1)) << call;
+    EXPECT_EQ(device.get("/a/file"), kOld) << call;
+    EXPECT_THAT(names(), UnorderedElementsAre("file")) << call;
+  }
+}
+
+TEST_F(AtomicWrite, WorksOnAFileSystemWithoutLocks) {
+  const int status = writeInChild([] { failSystemCall(SYS_flock, ENOLCK); });
+
+  EXPECT_TRUE(isExit(status, 0));
+  EXPECT_EQ(device.get("/a/file"), kNew);
+}
+
+TEST_F(AtomicWrite, AWriteThatStopsHalfwayFails) {
+  const int status = writeInChild([] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{kNewSize / 2, kNewSize / 2};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  });
+
+  EXPECT_TRUE(isExit(status, 1));
+  EXPECT_EQ(device.get("/a/file"), kOld);
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+}
+
+TEST_F(AtomicWrite, AFolderThatMayNotBeWrittenToKeepsTheOldFile) {
+  std::filesystem::permissions(device.host("/a"), std::filesystem::perms(0555));
+
+  // The superuser would be let in.
+  const int status = writeInChild([] {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0) ::_exit(77);
+  });
+
+  std::filesystem::permissions(device.host("/a"), std::filesystem::perms(0755));
+  EXPECT_TRUE(isExit(status, 1));
+  EXPECT_EQ(device.get("/a/file"), kOld);
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+}
+
+TEST_F(AtomicWrite, KeepsTheOldFilesPermissions) {
+  LinuxFileManager files(device.root());
+  const mode_t mask = ::umask(022);
+  const auto permissions = [&](const char* path) {
+    return static_cast<unsigned>(std::filesystem::status(device.host(path)).permissions());
+  };
+  device.put("/a/open", "x");
+  device.put("/a/tight", "x");
+  ASSERT_EQ(::chmod(device.host("/a/open").c_str(), 0666), 0);
+  ASSERT_EQ(::chmod(device.host("/a/tight").c_str(), 0600), 0);
+
+  EXPECT_TRUE(files.writeAtomically("/a/open", "new"));
+  EXPECT_TRUE(files.writeAtomically("/a/tight", "new"));
+  EXPECT_TRUE(files.writeAtomically("/a/fresh", "new"));
+  ::umask(mask);
+
+  EXPECT_EQ(permissions("/a/open"), 0666u);
+  EXPECT_EQ(permissions("/a/tight"), 0600u);
+  EXPECT_EQ(permissions("/a/fresh"), 0644u);
+}
+
+TEST_F(AtomicWrite, RemovesWhatADeadProcessLeftWithoutWritingToIt) {
+  LinuxFileManager files(device.root());
+  const std::string litter = std::string("/a/") + TemporaryFile::kName;
+  std::ofstream(device.outside() / "file") << "outside";
+  std::filesystem::create_hard_link(device.outside() / "file", device.host(litter));
+
+  EXPECT_TRUE(files.writeAtomically("/a/file", kNew));
+  device.link(litter, device.outside() / "file");
+  EXPECT_TRUE(files.writeAtomically("/a/file", kNew));
+  ASSERT_EQ(::mkfifo(device.host(litter).c_str(), 0644), 0);
+  EXPECT_TRUE(files.writeAtomically("/a/file", kNew));
+
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+  EXPECT_EQ(device.get("/a/file"), kNew);
+  EXPECT_EQ(DeviceFiles::read(device.outside() / "file"), "outside");
+}
+
+TEST_F(AtomicWrite, ASweepRemovesWhatADeadProcessLeftAndNothingElse) {
+  LinuxFileManager files(device.root());
+  device.put(std::string("/a/") + TemporaryFile::kName, "half");
+  device.put("/a/.hidden", "x");
+
+  files.sweepDirectoryAtPath("/a");
+  files.sweepDirectoryAtPath("/none");
+
+  EXPECT_THAT(names(), UnorderedElementsAre("file", ".hidden"));
+}
+
+TEST_F(AtomicWrite, LeavesALiveWritersFileAloneAndGivesUpInTheEnd) {
+  LinuxFileManager files(device.root());
+  const std::string temporary = std::string("/a/") + TemporaryFile::kName;
+  device.put(temporary, "being written");
+  const FileDescriptor writer(::open(device.host("/a").c_str(), O_RDONLY | O_CLOEXEC));
+  ASSERT_EQ(::flock(writer.get(), LOCK_EX), 0);
+
+  const auto start = std::chrono::steady_clock::now();
+  files.sweepDirectoryAtPath("/a");
+  const bool hasWritten = files.writeAtomically("/a/file", kNew);
+
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+  EXPECT_FALSE(hasWritten);
+  EXPECT_EQ(device.get(temporary), "being written");
+  EXPECT_EQ(device.get("/a/file"), kOld);
+}
+
+TEST_F(AtomicWrite, ItsOwnTemporaryNameIsNobodysFile) {
+  LinuxFileManager files(device.root());
+
+  EXPECT_FALSE(files.writeAtomically(std::string("/a/") + TemporaryFile::kName, kNew));
+  EXPECT_FALSE(files.copyItemAtPath("/a/file", std::string("/a/") + TemporaryFile::kName));
+
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+}
+
+TEST_F(AtomicWrite, ManyWritersAndAReaderNeverSeeAMix) {
+  constexpr int kWriters = 3;
+  constexpr int kWrites = 25;
+  const auto contents = [](int writer) {
+    return std::string(static_cast<std::size_t>(1000 + 7000 * writer),
+                       static_cast<char>('a' + writer));
+  };
+  device.put("/a/file", contents(0));
+  std::atomic<bool> isOver = false;
+  std::atomic<int> mixed = 0;
+  std::thread reader([&] {
+    while (!isOver) {
+      const std::string found = device.get("/a/file");
+      if (found.empty() || found != contents(found.front() - 'a')) ++mixed;
+    }
+  });
+
+  std::atomic<int> written = 0;
+  std::vector<std::thread> writers;
+  for (int writer = 0; writer < kWriters; ++writer)
+    writers.emplace_back([&, writer] {
+      written += kWrites * (exitStatusOfChild([&] {
+                              LinuxFileManager files(device.root());
+                              for (int i = 0; i < kWrites; ++i) {
+                                if (!files.writeAtomically("/a/file", contents(writer))) return 1;
+                                // The lock is not fair to who waits for it.
+                                std::this_thread::sleep_for(2ms);
+                              }
+                              return 0;
+                            }) == 0);
+    });
+  for (auto& writer : writers) writer.join();
+  isOver = true;
+  reader.join();
+
+  EXPECT_EQ(written, kWriters * kWrites);
+  EXPECT_EQ(mixed, 0);
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+}
+
+}  // namespace
+}  // namespace frelta
