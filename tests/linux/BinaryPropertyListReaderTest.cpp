@@ -101,6 +101,8 @@ TEST(BinaryPropertyListReader, TextIsASCIIOrWellFormedUTF16) {
   EXPECT_EQ(readObject("\x61\xD8\x3D"), std::nullopt);
   EXPECT_EQ(readObject("\x62\xD8\x3D\0h"s), std::nullopt);
   EXPECT_EQ(readObject("\x62\xDE\0\xD8\x3D"s), std::nullopt);
+  EXPECT_EQ(readObject("\x62\xDE\0\xDE\0"s), std::nullopt);
+  EXPECT_EQ(readObject("\x62\xD8\x3D\xE0\0"s), std::nullopt);
 }
 
 TEST(BinaryPropertyListReader, LongContentsCarryTheirLengthAsAnInteger) {
@@ -113,6 +115,7 @@ TEST(BinaryPropertyListReader, LongContentsCarryTheirLengthAsAnInteger) {
   EXPECT_EQ(readObject("\x5F\x14"s + std::string(16, '\0')), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x13"s + std::string(8, '\xFF')), std::nullopt);
   EXPECT_EQ(readObject("\x6F\x13"s + std::string(8, '\xFF')), std::nullopt);
+  EXPECT_EQ(readObject("\x6F\x13"s + bigEndian(std::uint64_t{1} << 63, 8)), std::nullopt);
   EXPECT_EQ(readObject("\xAF\x13"s + std::string(8, '\xFF')), std::nullopt);
   EXPECT_EQ(readObject("\xDF\x13"s + std::string(8, '\xFF')), std::nullopt);
 }
@@ -179,7 +182,9 @@ TEST(BinaryPropertyListReader, RefusesOffsetsOutsideTheObjects) {
     const std::string bytes = "bplist00\x09"s + bigEndian(offset, 4) + file.trailer(9);
     EXPECT_EQ(readBinaryPropertyList(bytes), std::nullopt) << offset;
   }
-  EXPECT_TRUE(readBinaryPropertyList("bplist00\x09"s + bigEndian(8, 4) + file.trailer(9)));
+  const std::string right = "bplist00\x09"s + bigEndian(8, 4);
+  EXPECT_TRUE(readBinaryPropertyList(right + file.trailer(9)));
+  EXPECT_FALSE(readBinaryPropertyList(right + '\0' + file.trailer(9)));
 }
 
 TEST(BinaryPropertyListReader, RefusesATrailerThatDoesNotDescribeTheFile) {

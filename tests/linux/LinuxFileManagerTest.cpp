@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,6 +13,7 @@
 
 #include "tests/linux/DeviceFiles.h"
 #include "tests/support/ForkedChild.h"
+#include "tests/support/MountNamespace.h"
 #include "tests/support/SystemCallFilter.h"
 
 namespace frelta {
@@ -144,8 +144,7 @@ TEST(LinuxFileManager, AFullDiskKeepsTheOldFileAndHoldsNoLitter) {
   const DeviceFiles device;
 
   const int status = exitStatusOfChild([&] {
-    if (::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0 ||
-        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+    if (!enterOwnMountNamespace() ||
         ::mount("disk", device.root().c_str(), "tmpfs", 0, "size=64k") != 0)
       return kCannotBeTested;
     LinuxFileManager files(device.root());

@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -11,6 +10,7 @@
 #include "linux/LogLine.h"
 #include "linux/SyslogLog.h"
 #include "tests/support/ForkedChild.h"
+#include "tests/support/MountNamespace.h"
 
 namespace frelta {
 namespace {
@@ -88,10 +88,7 @@ TEST(SyslogLog, SendsOneRecordALine) {
 
   // A system log of its own, in a /dev of its own.
   const int status = exitStatusOfChild([&] {
-    if (::unshare(::geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWUSER | CLONE_NEWNS) != 0 ||
-        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        ::mount("dev", "/dev", "tmpfs", 0, nullptr) != 0)
-      return 77;
+    if (!enterOwnMountNamespace() || ::mount("dev", "/dev", "tmpfs", 0, nullptr) != 0) return 77;
     const int server = ::socket(AF_UNIX, SOCK_DGRAM, 0);
     sockaddr_un address{AF_UNIX, "/dev/log"};
     if (::bind(server, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) return 77;

@@ -246,6 +246,16 @@ TEST(XMLPropertyListReader, FollowsContainersToTheDepthLimitAndNoFurther) {
   EXPECT_FALSE(nested(100'000));
 }
 
+TEST(XMLPropertyListReader, ContainersSideBySideAreNotDeep) {
+  std::string body = "<array>";
+  for (int i = 0; i < 1'000; ++i) body += "<dict/>";
+  body += "</array>";
+
+  const std::optional<PropertyListValue> value = readBody(body);
+
+  EXPECT_EQ(value, PropertyListValue(Array(1'000, Dictionary())));
+}
+
 TEST(XMLPropertyListReader, RefusesMoreValuesThanTheLimit) {
   std::string body = "<array>";
   for (std::size_t i = 0; i < PropertyListSerialization::kMaximumNodes - 1; ++i) body += "<true/>";

@@ -18,7 +18,8 @@ struct SteppedRun {
   std::optional<int> exitStatus;  // set when it ended by itself, before its turn
 };
 
-/// Runs the program and kills it when it has entered or left its system calls that many times.
+/// Runs the program until it stops itself (SIGSTOP) and kills it when it has from there entered or
+/// left system calls that many times.
 inline SteppedRun killAtSystemCallStop(const std::vector<std::string>& argumentVector, int stop) {
   std::vector<char*> arguments;
   for (const auto& argument : argumentVector)
@@ -37,7 +38,9 @@ inline SteppedRun killAtSystemCallStop(const std::vector<std::string>& argumentV
     }
     return WIFSTOPPED(status);
   };
-  if (!waitForStop()) return {};
+  do {
+    if (!waitForStop()) return {};
+  } while (WSTOPSIG(status) != SIGSTOP && ::ptrace(PTRACE_CONT, child, nullptr, nullptr) == 0);
   for (int passed = 0; passed < stop; ++passed) {
     ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
     if (!waitForStop()) return {true, WIFEXITED(status) ? WEXITSTATUS(status) : -1};
