@@ -14,7 +14,8 @@ namespace frelta {
 std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path);
 
 /// Replaces the file with the value's XML form, atomically. False when the value cannot be stored
-/// in a property list or the write failed; the old file is then untouched.
+/// in a property list, its form would be too large to be read back, or the write failed; the old
+/// file is then untouched.
 bool writePropertyListToFile(const PropertyListValue& value, std::string_view path);
 
 }  // namespace frelta

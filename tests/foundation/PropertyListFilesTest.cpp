@@ -104,6 +104,16 @@ TEST_F(PropertyListFiles, AValueThatCannotBeStoredLeavesTheOldFile) {
   EXPECT_EQ(dictionaryWithContentsOfFile("/settings.plist"), (Dictionary{{"old", 1}}));
 }
 
+TEST_F(PropertyListFiles, AValueTooLargeToBeReadBackLeavesTheOldFile) {
+  ASSERT_TRUE(writePropertyListToFile(Dictionary{{"old", 1}}, "/settings.plist"));
+  const std::string large(PropertyListSerialization::kMaximumBytes, 'x');
+
+  const bool written = writePropertyListToFile(Dictionary{{"new", large}}, "/settings.plist");
+
+  EXPECT_FALSE(written);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/settings.plist"), (Dictionary{{"old", 1}}));
+}
+
 TEST_F(PropertyListFiles, AFailedWriteIsTold) {
   files.diskIsFull = true;
 

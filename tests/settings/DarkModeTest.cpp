@@ -21,6 +21,7 @@ class CountedSystem : public SystemInformation {
     ++windowQueries;
     return openWindows;
   }
+  double screenScale() const override { return 2; }
   SystemVersion version{13, 0, 0};
   std::vector<Window> openWindows{{true, Dark}};
   mutable int windowQueries = 0;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "fake/FakePlatform.h"
+#include "linux/LinuxProcessLauncher.h"
 
 namespace frelta {
 namespace {
@@ -40,12 +41,26 @@ TEST(Respring, NeitherWritesNorPosts) {
   EXPECT_THAT(platform.notifications.posted, IsEmpty());
 }
 
-TEST(Respring, SaysNothingWhenNoProcessCanBeStarted) {
+/// The real launcher on a system whose programs are all missing.
+class WithoutPrograms : public LinuxProcessLauncher {
+ public:
+  void spawn(const std::string& path, const std::vector<std::string>& argumentVector) override {
+    ++spawned;
+    LinuxProcessLauncher::spawn("/missing" + path, argumentVector);
+  }
+  int spawned = 0;
+};
+
+TEST(Respring, SaysNothingWhenItsProgramIsMissing) {
   FakePlatform platform;
-  platform.processes.failsToLaunch = true;
+  WithoutPrograms launcher;
+  Platform services = Platform::current();
+  services.processes = &launcher;
+  Platform::install(services);
 
   EXPECT_NO_THROW(respring());
 
+  EXPECT_EQ(launcher.spawned, 1);
   EXPECT_THAT(platform.log.lines, IsEmpty());
 }
 
