@@ -1,0 +1,23 @@
+#include "graphics/UIImage.h"
+
+#include <utility>
+
+#include "foundation/Platform.h"
+#include "graphics/GraphicsServices.h"
+
+namespace frelta {
+
+UIImage::UIImage(int width, int height, double scale, std::shared_ptr<const std::uint8_t> pixels)
+    : width_(width), height_(height), scale_(scale), pixels_(std::move(pixels)) {}
+
+std::shared_ptr<const UIImage> UIImage::imageWithContentsOfFile(std::string_view path) {
+  const auto bytes =
+      Platform::current().fileManager->contentsAtPath(path, ImageServices::kMaximumBytes);
+  return bytes ? GraphicsServices::current().images->imageWithData(*bytes) : nullptr;
+}
+
+std::optional<std::string> UIImagePNGRepresentation(const UIImage& image) {
+  return GraphicsServices::current().images->pngRepresentation(image);
+}
+
+}  // namespace frelta
