@@ -1,0 +1,96 @@
+#pragma once
+
+#include <string>
+
+#include "uikit/UILabel.h"
+#include "uikit/UITableViewRowAction.h"
+#include "uikit/UIView.h"
+
+namespace frelta {
+
+/// The platform's cell styles, with its values.
+enum class UITableViewCellStyle {
+  Default = 0,   // text
+  Value1 = 1,    // text, and the detail at the trailing edge
+  Value2 = 2,    // small text, and the detail beside it
+  Subtitle = 3,  // text, and the detail below it
+};
+
+enum class UITableViewCellAccessoryType { None, DisclosureIndicator, Checkmark };
+enum class UITableViewCellSelectionStyle { None, Default };
+
+/// Where a cell stands in the card that an inset grouped table draws behind a section's rows.
+enum class UITableViewCellGroupPosition { Plain, Single, First, Middle, Last };
+
+/// One row of a table. The table owns it, in its pool of cells to reuse too.
+class UITableViewCell : public UIView {
+ public:
+  UITableViewCell(UITableViewCellStyle style, std::string reuseIdentifier);
+
+  UITableViewCellStyle style() const { return style_; }
+  const std::string& reuseIdentifier() const { return reuseIdentifier_; }
+
+  // Owned by the cell.
+  UIView* contentView() const { return contentView_; }
+  UILabel* textLabel() const { return textLabel_; }
+  UILabel* detailTextLabel() const { return detailTextLabel_; }
+
+  UITableViewCellAccessoryType accessoryType() const { return accessoryType_; }
+  void setAccessoryType(UITableViewCellAccessoryType type);
+  /// A view at the trailing edge in place of the accessory type's; null for none. Owned by the
+  /// cell.
+  UIView* accessoryView() const { return accessoryView_; }
+  void setAccessoryView(std::unique_ptr<UIView> view);
+  UITableViewCellSelectionStyle selectionStyle() const { return selectionStyle_; }
+  void setSelectionStyle(UITableViewCellSelectionStyle style);
+
+  bool isSelected() const { return selected_; }
+  void setSelected(bool selected);
+
+  /// Whether a swipe may bring out actions, and those that are out now. Set by the table.
+  bool isEditable() const { return editable_; }
+  void setEditable(bool editable);
+  const UITableViewRowActions& rowActions() const { return rowActions_; }
+  void setRowActions(UITableViewRowActions actions);
+
+  UITableViewCellGroupPosition groupPosition() const { return groupPosition_; }
+  /// Where the separator below the cell starts, points from the leading edge.
+  double separatorInset() const;
+  /// For the table.
+  void setGroupPosition(UITableViewCellGroupPosition position);
+
+  /// Before the cell is used for another row.
+  virtual void prepareForReuse() {}
+  void layoutSubviews() override;
+  /// The given width, and the height that the texts need in it with the platform's margins.
+  CGSize sizeThatFits(CGSize size) const override;
+  /// One element with the texts of its labels, unless a control inside speaks for itself.
+  UIAccessibility accessibility() const override;
+  /// What a press by keyboard or assistive technology does. True when the cell took it; otherwise
+  /// the row is selected.
+  virtual bool accessibilityActivate() { return false; }
+
+ private:
+  struct TextSizes {
+    CGSize text;
+    CGSize detail;
+  };
+  TextSizes textSizes(double width) const;
+  double trailingEdge(double width) const;
+  void layoutTexts(const CGRect& area);
+
+  UITableViewCellStyle style_;
+  std::string reuseIdentifier_;
+  UITableViewCellAccessoryType accessoryType_ = UITableViewCellAccessoryType::None;
+  UITableViewCellSelectionStyle selectionStyle_ = UITableViewCellSelectionStyle::Default;
+  UITableViewCellGroupPosition groupPosition_ = UITableViewCellGroupPosition::Plain;
+  bool selected_ = false;
+  bool editable_ = false;
+  UITableViewRowActions rowActions_;
+  UIView* contentView_ = nullptr;
+  UILabel* textLabel_ = nullptr;
+  UILabel* detailTextLabel_ = nullptr;
+  UIView* accessoryView_ = nullptr;
+};
+
+}  // namespace frelta

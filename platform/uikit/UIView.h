@@ -1,0 +1,171 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "graphics/CGGeometry.h"
+#include "graphics/UIColor.h"
+#include "uikit/UIGestureRecognizer.h"
+
+namespace frelta {
+
+class UIView;
+
+/// Watches one view for whoever shows it on a screen.
+class UIViewObserver {
+ public:
+  virtual ~UIViewObserver() = default;
+  /// Something that can be seen or read of the view has changed.
+  virtual void viewDidChange(UIView& view) = 0;
+  /// Subviews were added, removed or reordered.
+  virtual void viewDidChangeSubviews(UIView& view) = 0;
+  /// The view or one below it wants a layout pass.
+  virtual void viewNeedsLayout(UIView& view) = 0;
+  /// The last call for this view.
+  virtual void viewWillBeDestroyed(UIView& view) = 0;
+};
+
+enum UIViewAutoresizing : unsigned {
+  UIViewAutoresizingNone = 0,
+  UIViewAutoresizingFlexibleLeftMargin = 1 << 0,
+  UIViewAutoresizingFlexibleWidth = 1 << 1,
+  UIViewAutoresizingFlexibleRightMargin = 1 << 2,
+  UIViewAutoresizingFlexibleTopMargin = 1 << 3,
+  UIViewAutoresizingFlexibleHeight = 1 << 4,
+  UIViewAutoresizingFlexibleBottomMargin = 1 << 5,
+};
+
+/// What a view is to someone who cannot see it.
+struct UIAccessibility {
+  enum class Role { None, StaticText, Heading, Button, Switch, Group, Link, Cell };
+
+  /// Whether the view is one element; its subviews are then hidden from assistive technology.
+  bool isElement = false;
+  Role role = Role::None;
+  std::string label = {};
+  /// What it stands at, as text: the value of a title-value row, the text of a field.
+  std::string value = {};
+  /// Only for switches.
+  bool on = false;
+  bool operator==(const UIAccessibility&) const = default;
+};
+
+/// A rectangle of the retained view tree. A superview owns its subviews, back to front.
+class UIView {
+ public:
+  UIView() = default;
+  explicit UIView(const CGRect& frame) : frame_(frame) {}
+  virtual ~UIView();
+  UIView(const UIView&) = delete;
+  UIView& operator=(const UIView&) = delete;
+
+  /// In the superview's coordinates, points.
+  virtual CGRect frame() const { return frame_; }
+  /// Resizes the subviews by their autoresizing masks and asks for layout when the size changes.
+  virtual void setFrame(const CGRect& frame);
+  /// In the view's own coordinates.
+  CGRect bounds() const { return {boundsOrigin_, frame().size}; }
+  CGPoint center() const { return {frame().midX(), frame().midY()}; }
+  /// Moves the view; its size stays.
+  void setCenter(CGPoint center);
+
+  double alpha() const { return alpha_; }
+  void setAlpha(double alpha);
+  bool isHidden() const { return hidden_; }
+  void setHidden(bool hidden);
+  /// Nothing is drawn behind the view when there is no colour.
+  const std::optional<UIColor>& backgroundColor() const { return backgroundColor_; }
+  void setBackgroundColor(std::optional<UIColor> color);
+  bool clipsToBounds() const { return clipsToBounds_; }
+  void setClipsToBounds(bool clips);
+  double cornerRadius() const { return cornerRadius_; }
+  void setCornerRadius(double radius);
+  unsigned autoresizingMask() const { return autoresizingMask_; }
+  void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
+
+  UIView* superview() const { return superview_; }
+  std::span<const std::unique_ptr<UIView>> subviews() const { return subviews_; }
+  /// Takes the view and puts it in front of the others. Returns it for the caller to keep a look
+  /// at.
+  template <typename View>
+  View* addSubview(std::unique_ptr<View> view) {
+    View* raw = view.get();
+    insertSubview(std::move(view), subviews_.size());
+    return raw;
+  }
+  void insertSubview(std::unique_ptr<UIView> view, std::size_t index);
+  /// Gives the view back to the caller; null when it has no superview.
+  std::unique_ptr<UIView> removeFromSuperview();
+  /// Whether the view is the other one or below it.
+  bool isDescendantOfView(const UIView& other) const;
+  /// Called after the superview changed; superview() is the new one.
+  virtual void didMoveToSuperview() {}
+
+  void setNeedsLayout();
+  /// Runs the pending layout of the view and of all below it.
+  void layoutIfNeeded();
+  virtual void layoutSubviews() {}
+  /// The size that fits the contents best within the given one.
+  virtual CGSize sizeThatFits(CGSize) const { return frame().size; }
+  /// Takes the size that fits; the origin stays.
+  void sizeToFit();
+
+  /// The front-most visible view at the point (own coordinates), itself included; null outside.
+  virtual UIView* hitTest(CGPoint point);
+  /// The point of this view's coordinates in those of another view of the same tree.
+  CGPoint convertPointToView(CGPoint point, const UIView& other) const;
+
+  UIGestureRecognizer* addGestureRecognizer(std::unique_ptr<UIGestureRecognizer> recognizer);
+  std::span<const std::unique_ptr<UIGestureRecognizer>> gestureRecognizers() const {
+    return gestureRecognizers_;
+  }
+
+  /// Whether the view takes the keyboard's input.
+  virtual bool isFirstResponder() const { return false; }
+  virtual bool becomeFirstResponder() { return false; }
+  virtual bool resignFirstResponder() { return true; }
+  /// Takes the keyboard away from a text field at or below this view. True when none has it then.
+  bool endEditing(bool force);
+
+  virtual UIAccessibility accessibility() const { return accessibility_; }
+  void setAccessibility(UIAccessibility accessibility);
+  /// Tells views apart across reloads; never shown.
+  const std::string& accessibilityIdentifier() const { return accessibilityIdentifier_; }
+  void setAccessibilityIdentifier(std::string identifier);
+
+  /// At most one watches a view; it outlives its watch.
+  void setObserver(UIViewObserver* observer) { observer_ = observer; }
+  UIViewObserver* observer() const { return observer_; }
+
+ protected:
+  /// Tells the observer that the view looks or reads differently now.
+  void didChange();
+  void setBoundsOrigin(CGPoint origin);
+  /// Brings the subviews into another order; must be a permutation of them.
+  void reorderSubviews(const std::vector<UIView*>& order);
+
+ private:
+  void resizeWithOldSuperviewSize(CGSize oldSize);
+
+  CGRect frame_;
+  CGPoint boundsOrigin_;
+  double alpha_ = 1;
+  double cornerRadius_ = 0;
+  unsigned autoresizingMask_ = UIViewAutoresizingNone;
+  bool hidden_ = false;
+  bool clipsToBounds_ = false;
+  bool needsLayout_ = true;
+  bool subtreeNeedsLayout_ = true;
+  std::optional<UIColor> backgroundColor_;
+  UIView* superview_ = nullptr;  // owns this view
+  std::vector<std::unique_ptr<UIView>> subviews_;
+  std::vector<std::unique_ptr<UIGestureRecognizer>> gestureRecognizers_;
+  UIAccessibility accessibility_;
+  std::string accessibilityIdentifier_;
+  UIViewObserver* observer_ = nullptr;  // not owned
+};
+
+}  // namespace frelta
