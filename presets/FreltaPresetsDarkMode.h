@@ -1,0 +1,13 @@
+#pragma once
+
+#include "presets/FreltaPresets.h"
+
+namespace frelta {
+
+/// Chooses the preset for dark appearance.
+class FreltaPresetsDarkMode : public FreltaPresets {
+ public:
+  std::optional<std::string_view> selectionKey() const override { return "FreltaPresetsDarkMode"; }
+};
+
+}  // namespace frelta

@@ -1,0 +1,88 @@
+#include "presets/PresetStore.h"
+
+#include <utility>
+
+#include "foundation/Platform.h"
+#include "foundation/PropertyListFiles.h"
+#include "settings/FreltaPreferencesManager.h"
+#include "settings/RefreshNotification.h"
+#include "settings/SettingsFile.h"
+#include "settings/SettingsKeys.h"
+
+namespace frelta {
+
+namespace {
+
+constexpr std::string_view kCurrentPreset = "CurrentPreset";
+/// The choice for light and dark appearance belongs to no preset.
+constexpr std::string_view kAppearanceKeys[] = {"FreltaPresetsDarkMode", "FreltaPresetsLightMode",
+                                                "SwitchPresetsWithDarkMode"};
+
+FileManager& files() {
+  return *Platform::current().fileManager;
+}
+
+void remove(Dictionary& dictionary, std::string_view key) {
+  if (const auto found = dictionary.find(key); found != dictionary.end()) dictionary.erase(found);
+}
+
+/// The preset in force, nothing when there is none that can be read.
+std::optional<Dictionary> presetUnder(const Dictionary& settings) {
+  const PropertyListValue* path = valueForKey(settings, kCurrentPreset);
+  return path && path->string() ? dictionaryWithContentsOfFile(*path->string()) : std::nullopt;
+}
+
+void moveSettingsToBackup() {
+  const std::string backup = std::string(kSettingsPath) + ".bak";
+  if (!files().fileExistsAtPath(kSettingsPath)) return;
+  if (files().fileExistsAtPath(backup)) files().removeItemAtPath(backup);
+  files().copyItemAtPath(kSettingsPath, backup);
+  files().removeItemAtPath(kSettingsPath);
+}
+
+}  // namespace
+
+std::vector<std::string> presetPaths() {
+  if (!files().fileExistsAtPath(kPresetsFolder)) files().createDirectoryAtPath(kPresetsFolder);
+  const auto names = files().contentsOfDirectoryAtPath(kPresetsFolder);
+  std::vector<std::string> paths;
+  if (!names) return paths;
+  const std::string folder = std::string(kPresetsFolder) + "/";
+  for (const std::string& name : *names) {
+    if (name.ends_with(".plist")) paths.push_back(folder + name);
+  }
+  return paths;
+}
+
+bool presetExistsAtPath(std::string_view path) {
+  return files().fileExistsAtPath(path);
+}
+
+void removePreset(std::string_view path) {
+  files().removeItemAtPath(path);
+}
+
+void savePreset(std::string_view path) {
+  Dictionary preset = settingsOnDisk();
+  // The settings are laid over the preset: keys that they have already stay.
+  if (auto under = presetUnder(preset)) preset.merge(*under);
+  remove(preset, kCurrentPreset);
+  for (const std::string_view key : kAppearanceKeys) remove(preset, key);
+  if (presetExistsAtPath(path)) removePreset(path);
+  writePropertyListToFile(std::move(preset), path);
+}
+
+void applyPreset(std::string_view path) {
+  if (!presetExistsAtPath(path)) return;
+  Dictionary before = settingsOnDisk();
+  moveSettingsToBackup();
+  Dictionary settings{{std::string(kCurrentPreset), path}};
+  for (const std::string_view key : kAppearanceKeys) {
+    if (auto kept = before.extract(std::string(key))) settings.insert(std::move(kept));
+  }
+  writeSettings(settings);
+  FreltaPreferencesManager::clearCache();
+  postRefreshNotification();
+}
+
+}  // namespace frelta
