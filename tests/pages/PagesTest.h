@@ -1,0 +1,68 @@
+#pragma once
+
+#include <fstream>
+#include <iterator>
+
+#include "pages/PagesRegistration.h"
+#include "pages/freltaAdvancedprefsRootListController.h"
+#include "pages/freltaprefsRootListController.h"
+#include "presets/PresetsRegistration.h"
+#include "settings/FreltaPreferencesManager.h"
+#include "settings/RefreshNotification.h"
+#include "settings/SettingsKeys.h"
+#include "tests/preferences/ListPageTest.h"
+
+namespace frelta {
+
+inline std::string resourceNamed(const std::string& fileName) {
+  std::ifstream file(std::string(FRELTA_RESOURCES_DIR) + "/" + fileName, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The product's pages over the settings file of an empty device.
+class PagesTest : public ListPageTest {
+ protected:
+  using Operation = FailingFiles::Operation;
+
+  PagesTest() {
+    registerPages(bundle.registry);
+    registerPresets(bundle.registry);
+    bundle.resources["Root.plist"] = resourceNamed("Root.plist");
+    bundle.resources["Advanced.plist"] = resourceNamed("Advanced.plist");
+    FreltaPreferencesManager::clearCache();
+    FreltaPreferencesManager::sharedInstance().setCurrentPresetPath(std::nullopt);
+  }
+  ~PagesTest() override {
+    if (const auto page = freltaprefsRootListController::currentRootPage()) {
+      page->viewWillDisappear(false);
+    }
+  }
+
+  void describeRoot(Array items) {
+    bundle.describe("Root", Dictionary{{"items", std::move(items)}});
+  }
+  std::shared_ptr<freltaprefsRootListController> showRoot() {
+    auto page = std::make_shared<freltaprefsRootListController>();
+    show(page);
+    return page;
+  }
+
+  void putSettings(const Dictionary& contents) {
+    platform.put(kSettingsPath,
+                 Platform::current().propertyLists->dataWithPropertyList(contents).value());
+    FreltaPreferencesManager::clearCache();
+  }
+  Dictionary settingsFile() const {
+    const auto list =
+        Platform::current().propertyLists->propertyListWithData(platform.get(kSettingsPath));
+    return list && list->dictionary() ? *list->dictionary() : Dictionary{};
+  }
+
+  static std::vector<std::string> identifiers(PSListController& page) {
+    std::vector<std::string> result;
+    for (const auto& row : page.specifiers()) result.push_back(row->identifier());
+    return result;
+  }
+};
+
+}  // namespace frelta
