@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QAccessible>
+#include <QQuickWindow>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "quick/Appearance.h"
+#include "quick/ViewMirror.h"
+#include "uikit/UIWindow.h"
+
+namespace frelta {
+
+/// A desktop window that shows one controller's views in a column of readable width, centred.
+class QuickWindow : public QQuickWindow, private QAccessible::ActivationObserver {
+  Q_OBJECT
+
+ public:
+  /// The widest column of views, points: lists become hard to read beyond.
+  static constexpr double kMaximumColumnWidth = 640;
+
+  /// The appearance outlives the window.
+  QuickWindow(std::shared_ptr<UIViewController> root, Appearance& appearance);
+  ~QuickWindow() override;
+
+  UIWindow& uiWindow() { return *uiWindow_; }
+  ViewMirror& mirror() { return *mirror_; }
+  /// The item that shows the view; null when it is not on the screen.
+  QQuickItem* itemFor(const UIView& view) const;
+
+  /// Called for the keys that mean "back": Escape, Alt+Left and the back key.
+  void setBackHandler(std::function<void()> handler) { back_ = std::move(handler); }
+
+ protected:
+  bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void accessibilityActiveChanged(bool active) override;
+  void layoutColumn();
+  void useAppearance();
+  void watchForTap(const QPointerEvent& event);
+  void deliverTap(QPointF point);
+
+  Appearance& appearance_;
+  std::unique_ptr<UIWindow> uiWindow_;
+  QQuickItem* column_;  // owned by the content item
+  std::unique_ptr<ViewMirror> mirror_;
+  std::function<void()> back_;
+  std::optional<QPointF> pressed_;  // where a tap may have begun
+};
+
+}  // namespace frelta

@@ -1,0 +1,64 @@
+#include "quick/TextNodes.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "quick/EventGuard.h"
+#include "quick/Fonts.h"
+#include "quick/TextAlignment.h"
+#include "quick/ViewMirror.h"
+
+namespace frelta {
+
+namespace {
+
+QString qstring(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+void LabelNode::syncContents() {
+  const UILabel& label = *viewAs<UILabel>(*this);
+  text_ = qstring(label.text());
+  font_ = qtFont(label.font());
+  color_ = mirror().theme().resolve(label.textColor());
+  alignment_ = qtAlignment(label.textAlignment(), mirror().isRightToLeft());
+  lines_ = label.numberOfLines();
+  minimumPixelSize_ = label.adjustsFontSizeToFitWidth()
+                          ? std::max(1, static_cast<int>(std::floor(label.font().pointSize *
+                                                                    label.minimumScaleFactor())))
+                          : 0;
+}
+
+void TextFieldNode::syncContents() {
+  const UITextField& field = *viewAs<UITextField>(*this);
+  text_ = qstring(field.text());
+  placeholder_ = qstring(field.placeholder());
+  font_ = qtFont(field.font());
+  alignment_ = qtAlignment(field.textAlignment(), mirror().isRightToLeft());
+  clearButton_ = field.clearButtonMode() == UITextFieldViewMode::WhileEditing &&
+                 field.isFirstResponder() && !field.text().empty();
+  editing_ = field.isFirstResponder();
+  mirrored_ = mirror().isRightToLeft();
+  enabled_ = field.isEnabled();
+}
+
+void TextFieldNode::edited(const QString& text) {
+  if (!view()) return;
+  guardEvent([&] { viewAs<UITextField>(*this)->userDidEdit(text.toStdString()); });
+}
+
+void TextFieldNode::focusChanged(bool focused) {
+  if (!view()) return;
+  guardEvent([&] {
+    auto* field = viewAs<UITextField>(*this);
+    if (focused) {
+      field->becomeFirstResponder();
+    } else {
+      field->resignFirstResponder();
+    }
+  });
+}
+
+}  // namespace frelta

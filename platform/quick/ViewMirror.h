@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QSet>
+#include <memory>
+#include <vector>
+
+#include "quick/Theme.h"
+#include "quick/ViewNode.h"
+#include "uikit/UIView.h"
+
+namespace frelta {
+
+/// Keeps a tree of items in a window the same as a tree of views. Changes are gathered and carried
+/// over at once before the next frame.
+class ViewMirror : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Mirrors the root's tree below the item. Neither is owned; both outlive the mirror.
+  ViewMirror(UIView& root, QQuickItem& rootItem);
+  ~ViewMirror() override;
+
+  Theme& theme() { return theme_; }
+  /// Everything is drawn anew in the appearance.
+  void setStyle(UserInterfaceStyle style);
+
+  bool isRightToLeft() const;
+  /// Points between each side of the column of views and the window's edge.
+  double sideMargin() const { return sideMargin_; }
+  void setSideMargin(double margin);
+
+  ViewNode& nodeFor(UIView& view);
+  QQuickItem* makeItem(ViewNode& node);
+  bool isMirrorItem(QQuickItem* item) const { return items_.contains(item); }
+
+  void markDirty(ViewNode& node);
+  void forget(ViewNode& node);
+  /// The node's view is gone; the node goes when the event at hand has been handled, for it may be
+  /// its item that handles it.
+  void retire(ViewNode& node);
+  void scheduleFlush();
+  /// Has every table lay its rows out anew.
+  void layoutTables();
+  /// Lays the views out and carries the changes over now.
+  void flush();
+
+ Q_SIGNALS:
+  void sideMarginChanged();
+
+ private:
+  std::unique_ptr<ViewNode> makeNode(UIView& view);
+  QQmlComponent& componentFor(const QString& looks);
+
+  UIView& root_;
+  QQuickItem& rootItem_;
+  QQmlEngine engine_;
+  Theme theme_;
+  QHash<QString, QQmlComponent*> components_;  // owned by the engine
+  QSet<QQuickItem*> items_;                    // alive, owned by their nodes
+  QSet<ViewNode*> nodes_;
+  QSet<ViewNode*> orphans_;  // waiting for their deletion
+  std::vector<ViewNode*> dirty_;
+  double sideMargin_ = 0;
+  bool flushScheduled_ = false;
+  bool flushing_ = false;
+};
+
+}  // namespace frelta

@@ -1,0 +1,161 @@
+#include "quick/ViewNode.h"
+
+#include <QAccessible>
+#include <algorithm>
+
+#include "quick/ViewMirror.h"
+
+namespace frelta {
+
+namespace {
+
+QString qstring(const std::string& text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+int accessibleRole(UIAccessibility::Role role) {
+  switch (role) {
+    case UIAccessibility::Role::StaticText:
+      return QAccessible::StaticText;
+    case UIAccessibility::Role::Heading:
+      return QAccessible::Heading;
+    case UIAccessibility::Role::Button:
+      return QAccessible::Button;
+    case UIAccessibility::Role::Switch:
+      return QAccessible::CheckBox;
+    case UIAccessibility::Role::Group:
+      return QAccessible::Grouping;
+    case UIAccessibility::Role::Link:
+      return QAccessible::Link;
+    case UIAccessibility::Role::Cell:
+      return QAccessible::ListItem;
+    case UIAccessibility::Role::None:
+      break;
+  }
+  return QAccessible::Pane;
+}
+
+}  // namespace
+
+ViewNode::ViewNode(UIView& view, ViewMirror& mirror) : mirror_(mirror), view_(&view) {
+  view.setObserver(this);
+}
+
+ViewNode::~ViewNode() {
+  letGoOfView();
+  mirror_.forget(*this);
+  // Bindings of the item read the node to the last.
+  delete item_;
+}
+
+void ViewNode::letGoOfView() {
+  if (view_) view_->setObserver(nullptr);
+  view_ = nullptr;
+}
+
+Theme* ViewNode::theme() const {
+  return &mirror_.theme();
+}
+
+void ViewNode::syncTree(QQuickItem* parentItem) {
+  if (!item_) {
+    sync();
+    item_ = mirror_.makeItem(*this);
+    itemMade();
+    syncGeometry();
+  }
+  if (item_->parentItem() != parentItem) item_->setParentItem(parentItem);
+  if (treeDirty_) syncChildren();
+}
+
+void ViewNode::syncChildren() {
+  treeDirty_ = false;
+  auto* content = item_->property("content").value<QQuickItem*>();
+  if (!content) content = item_;
+  QList<QQuickItem*> kept;
+  QQuickItem* previous = nullptr;
+  // An item being made may move the keyboard, whose news may change the subviews.
+  for (std::size_t i = 0; i < view_->subviews().size(); ++i) {
+    ViewNode& node = mirror_.nodeFor(*view_->subviews()[i]);
+    node.syncTree(content);
+    if (previous) node.item()->stackAfter(previous);
+    previous = node.item();
+    kept.append(previous);
+  }
+  for (QQuickItem* child : content->childItems()) {
+    if (mirror_.isMirrorItem(child) && !kept.contains(child)) child->setParentItem(nullptr);
+  }
+}
+
+void ViewNode::sync() {
+  dirty_ = false;
+  if (!view_) return;
+  backgroundColor_ = view_->backgroundColor() ? mirror_.theme().resolve(*view_->backgroundColor())
+                                              : QColor(Qt::transparent);
+  cornerRadius_ = view_->cornerRadius();
+  syncAccessibility();
+  syncContents();
+  if (item_) syncGeometry();
+  Q_EMIT changed();
+}
+
+void ViewNode::syncAccessibility() {
+  const UIAccessibility accessibility = view_->accessibility();
+  bool insideElement = false;
+  for (const UIView* above = view_->superview(); above && !insideElement;
+       above = above->superview()) {
+    insideElement = above->accessibility().isElement;
+  }
+  const bool container = accessibility.role == UIAccessibility::Role::Group;
+  accessibleIgnored_ =
+      view_->isHidden() || insideElement || !(accessibility.isElement || container);
+  accessibleRole_ = accessibleRole(accessibility.role);
+  QString name = qstring(accessibility.label);
+  if (!accessibility.value.empty()) name += QStringLiteral(", ") + qstring(accessibility.value);
+  accessibleName_ = name;
+  accessibleCheckable_ = accessibility.role == UIAccessibility::Role::Switch || accessibility.on;
+  accessibleChecked_ = accessibility.on;
+}
+
+void ViewNode::syncGeometry() {
+  const CGRect frame = view_->frame();
+  double x = frame.minX();
+  if (mirror_.isRightToLeft() && view_->superview()) {
+    x = view_->superview()->bounds().size.width - frame.maxX();
+  }
+  item_->setPosition({x, frame.minY()});
+  const bool isNewWidth = item_->width() != frame.size.width;
+  item_->setSize({frame.size.width, frame.size.height});
+  if (isNewWidth && mirror_.isRightToLeft()) {
+    // The subviews keep their distance to the other edge.
+    for (const auto& subview : view_->subviews()) mirror_.nodeFor(*subview).viewDidChange(*subview);
+  }
+  item_->setOpacity(view_->alpha());
+  item_->setVisible(!view_->isHidden());
+  item_->setClip(clips());
+}
+
+// A node that is dirty already is in the mirror's list, or has no item yet and is synced with it.
+void ViewNode::viewDidChange(UIView&) {
+  if (dirty_) return;
+  dirty_ = true;
+  mirror_.markDirty(*this);
+}
+
+void ViewNode::viewDidChangeSubviews(UIView&) {
+  if (treeDirty_) return;
+  treeDirty_ = true;
+  mirror_.markDirty(*this);
+}
+
+void ViewNode::viewNeedsLayout(UIView&) {
+  mirror_.scheduleFlush();
+}
+
+void ViewNode::viewWillBeDestroyed(UIView&) {
+  view_ = nullptr;
+  if (item_) item_->setParentItem(nullptr);
+  mirror_.retire(*this);
+}
+
+}  // namespace frelta

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QColor>
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+
+#include "quick/Theme.h"
+#include "uikit/UIView.h"
+
+namespace frelta {
+
+class ViewMirror;
+
+/// Mirrors one view on the screen: a snapshot of what can be seen of it, for the QML item that
+/// shows it. sync() takes the snapshot, so that an item being taken down never reaches a view that
+/// is gone.
+class ViewNode : public QObject, public UIViewObserver {
+  Q_OBJECT
+  QML_ELEMENT
+  QML_UNCREATABLE("Nodes are made by the mirror.")
+  Q_PROPERTY(Theme* theme READ theme CONSTANT)
+  Q_PROPERTY(QColor backgroundColor MEMBER backgroundColor_ NOTIFY changed)
+  Q_PROPERTY(double cornerRadius MEMBER cornerRadius_ NOTIFY changed)
+  Q_PROPERTY(bool accessibleIgnored MEMBER accessibleIgnored_ NOTIFY changed)
+  Q_PROPERTY(int accessibleRole MEMBER accessibleRole_ NOTIFY changed)
+  Q_PROPERTY(QString accessibleName MEMBER accessibleName_ NOTIFY changed)
+  Q_PROPERTY(bool accessibleCheckable MEMBER accessibleCheckable_ NOTIFY changed)
+  Q_PROPERTY(bool accessibleChecked MEMBER accessibleChecked_ NOTIFY changed)
+
+ public:
+  ViewNode(UIView& view, ViewMirror& mirror);
+  ~ViewNode() override;
+
+  /// Name of the QML file that shows the node, without its ending.
+  virtual QString looks() const { return QStringLiteral("View"); }
+
+  Theme* theme() const;
+  UIView* view() const { return view_; }
+  QQuickItem* item() const { return item_; }
+
+  /// Makes the item and those of the subviews, as far as they are missing; puts them in order.
+  void syncTree(QQuickItem* parentItem);
+  void sync();
+  /// Stops the watch; the node is of no use then.
+  void letGoOfView();
+
+  void viewDidChange(UIView& view) override;
+  void viewDidChangeSubviews(UIView& view) override;
+  void viewNeedsLayout(UIView& view) override;
+  void viewWillBeDestroyed(UIView& view) override;
+
+ Q_SIGNALS:
+  void changed();
+
+ protected:
+  /// Takes the snapshot of what is special to the kind of view.
+  virtual void syncContents() {}
+  /// Called once, when the item has been made.
+  virtual void itemMade() {}
+  virtual bool clips() const { return view_->clipsToBounds(); }
+  ViewMirror& mirror() const { return mirror_; }
+
+ private:
+  friend class ViewMirror;
+  void syncAccessibility();
+  void syncGeometry();
+  void syncChildren();
+
+  ViewMirror& mirror_;
+  UIView* view_;  // null once it is gone
+  QPointer<QQuickItem> item_;
+  bool treeDirty_ = true;
+  bool dirty_ = true;
+
+  QColor backgroundColor_ = Qt::transparent;
+  double cornerRadius_ = 0;
+  bool accessibleIgnored_ = true;
+  int accessibleRole_ = 0;
+  QString accessibleName_;
+  bool accessibleCheckable_ = false;
+  bool accessibleChecked_ = false;
+};
+
+/// The view as the type that the node mirrors; null once it is gone.
+template <typename View>
+View* viewAs(const ViewNode& node) {
+  return static_cast<View*>(node.view());
+}
+
+}  // namespace frelta

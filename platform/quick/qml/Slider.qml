@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Templates as T
+import Frelta.Quick
+
+T.Slider {
+    id: control
+
+    required property SliderNode node
+
+    enabled: node.enabled
+    from: node.minimum
+    to: node.maximum
+    value: node.value
+    focusPolicy: Qt.StrongFocus
+    LayoutMirroring.enabled: node.mirrored
+    onMoved: {
+        node.drag(value);
+        if (!pressed)
+            node.commit();
+    }
+    onPressedChanged: if (!pressed) node.commit()
+
+    Accessible.name: node.accessibleName
+
+    background: Rectangle {
+        y: (control.height - height) / 2
+        width: control.width
+        height: 4
+        radius: 2
+        color: control.node.theme.fill
+
+        Rectangle {
+            x: control.mirrored ? parent.width - width : 0
+            width: control.position * parent.width
+            height: parent.height
+            radius: 2
+            color: control.node.theme.tint
+        }
+    }
+    handle: Rectangle {
+        x: control.visualPosition * (control.width - width)
+        y: (control.height - height) / 2
+        width: 28
+        height: 28
+        radius: 14
+        color: "white"
+        border.width: control.visualFocus ? 2 : 0.5
+        border.color: control.visualFocus ? control.node.theme.tint : "#33000000"
+    }
+}

@@ -1,0 +1,74 @@
+import QtQuick
+import QtQuick.Templates as T
+import Frelta.Quick
+
+Item {
+    id: table
+
+    required property TableNode node
+    property Item content: rows
+
+    Rectangle {
+        x: flickable.x
+        width: flickable.width
+        height: flickable.height
+        color: table.node.backgroundColor
+    }
+    // The views stand in a column; the rest of the window's width scrolls and shows the bar too.
+    Flickable {
+        id: flickable
+
+        x: -table.node.sideMargin
+        width: table.width + 2 * table.node.sideMargin
+        height: table.height
+        contentWidth: width
+        contentHeight: table.node.contentHeight
+        clip: true
+        flickableDirection: Flickable.VerticalFlick
+        onContentYChanged: table.node.scrolledTo(contentY)
+
+        T.ScrollBar.vertical: T.ScrollBar {
+            id: bar
+
+            x: flickable.width - width
+            width: 10
+            height: flickable.height
+            padding: 3
+            opacity: active ? 1 : 0
+            visible: size < 1
+
+            contentItem: Rectangle {
+                radius: 2
+                color: table.node.theme.dark ? "#66ffffff" : "#66000000"
+            }
+
+            Behavior on opacity { NumberAnimation { duration: 200 } }
+        }
+
+        Item {
+            id: rows
+
+            x: table.node.sideMargin
+            width: table.width
+            height: table.node.contentHeight
+        }
+    }
+    Connections {
+        target: table.node
+        function onChanged() {
+            const end = Math.max(0, flickable.contentHeight - flickable.height);
+            const shown = Math.max(0, Math.min(end, flickable.contentY));
+            if (Math.abs(shown - table.node.contentY) > 0.5)
+                flickable.contentY = table.node.contentY;
+        }
+    }
+    Connections {
+        target: table.Window.window
+        function onActiveFocusItemChanged() {
+            const item = table.Window.window.activeFocusItem;
+            // What is pressed stays under the pointer.
+            if (item && item.focusReason !== Qt.MouseFocusReason)
+                table.node.makeVisible(item);
+        }
+    }
+}

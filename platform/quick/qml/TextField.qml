@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Templates as T
+import Frelta.Quick
+
+T.TextField {
+    id: control
+
+    required property TextFieldNode node
+
+    enabled: node.enabled
+    text: node.text
+    font: node.font
+    color: node.theme.label
+    selectionColor: node.theme.tint
+    selectedTextColor: "white"
+    placeholderTextColor: node.theme.placeholder
+    horizontalAlignment: node.alignment
+    verticalAlignment: TextInput.AlignVCenter
+    rightPadding: node.clearButton && !node.mirrored ? clear.width : 0
+    leftPadding: node.clearButton && node.mirrored ? clear.width : 0
+    selectByMouse: true
+    onTextEdited: node.edited(text)
+    onActiveFocusChanged: node.focusChanged(activeFocus)
+    onAccepted: focus = false
+
+    Accessible.name: node.accessibleName !== "" ? node.accessibleName : node.placeholder
+
+    Connections {
+        target: control.node
+        function onChanged() {
+            if (control.node.editing !== control.activeFocus) {
+                if (control.node.editing)
+                    control.forceActiveFocus();
+                else
+                    control.focus = false;
+            }
+        }
+    }
+    T.AbstractButton {
+        id: clear
+
+        visible: control.node.clearButton
+        x: control.node.mirrored ? 0 : control.width - width
+        width: 24
+        height: control.height
+        focusPolicy: Qt.NoFocus
+        onClicked: control.node.edited("")
+
+        Accessible.name: qsTr("Clear")
+
+        contentItem: Item {
+            Glyph {
+                anchors.centerIn: parent
+                width: 16
+                height: 16
+                shape: Glyph.Clear
+                color: control.node.theme.placeholder
+            }
+        }
+    }
+    Text {
+        anchors.fill: parent
+        visible: control.length === 0 && control.preeditText === ""
+        text: control.node.placeholder
+        textFormat: Text.PlainText
+        font: control.font
+        color: control.placeholderTextColor
+        elide: Text.ElideRight
+        horizontalAlignment: control.horizontalAlignment
+        verticalAlignment: Text.AlignVCenter
+        Accessible.ignored: true
+    }
+}

@@ -1,0 +1,162 @@
+#include "quick/Appearance.h"
+
+#include <gmock/gmock.h>
+
+#include <QDBusConnection>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "tests/support/PrivateBus.h"
+
+namespace frelta {
+namespace {
+
+/// The desktop's settings portal, as far as the appearance goes.
+class FakePortal : public QObject {
+  Q_OBJECT
+  Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+ public:
+  explicit FakePortal(uint value)
+      : scheme(value),
+        bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"))) {
+    bus.registerObject(
+        QStringLiteral("/org/freedesktop/portal/desktop"), this,
+        QDBusConnection::ExportScriptableSlots | QDBusConnection::ExportScriptableSignals);
+    isOnTheBus = bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
+  }
+  ~FakePortal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
+
+  void change(const QString& space, const QString& key, uint value) {
+    Q_EMIT SettingChanged(space, key, QDBusVariant(value));
+  }
+
+  uint scheme;
+  int reads = 0;
+  bool isOnTheBus = false;
+
+ public Q_SLOTS:
+  Q_SCRIPTABLE QDBusVariant Read(const QString& space, const QString& key) {
+    ++reads;
+    const bool known = space == QStringLiteral("org.freedesktop.appearance") &&
+                       key == QStringLiteral("color-scheme");
+    return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme : 99u)));
+  }
+
+ Q_SIGNALS:
+  Q_SCRIPTABLE void SettingChanged(const QString& space, const QString& key,
+                                   const QDBusVariant& value);
+
+ private:
+  QDBusConnection bus;
+};
+
+class AppearanceTest : public testing::Test {
+ protected:
+  // The connection to the session bus lives as long as the process.
+  static void SetUpTestSuite() {
+    static PrivateBus bus;
+    ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
+  }
+  AppearanceTest() { usePalette(Qt::white, Qt::black); }
+  ~AppearanceTest() override { QGuiApplication::setPalette(QPalette()); }
+
+  static void usePalette(QColor window, QColor text) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    QGuiApplication::setPalette(palette);
+    QCoreApplication::processEvents();
+  }
+  static void wait() { QTest::qWait(50); }
+  static bool waitFor(const Appearance& appearance, UserInterfaceStyle style) {
+    return QTest::qWaitFor([&] { return appearance.style() == style; }, 5000);
+  }
+
+  const QString space = QStringLiteral("org.freedesktop.appearance");
+  const QString key = QStringLiteral("color-scheme");
+};
+
+TEST_F(AppearanceTest, AFixedStyleAsksNobody) {
+  FakePortal portal(1);
+  ASSERT_TRUE(portal.isOnTheBus);
+
+  Appearance appearance(UserInterfaceStyle::Light);
+  usePalette(Qt::black, Qt::white);
+  wait();
+
+  EXPECT_EQ(appearance.style(), UserInterfaceStyle::Light);
+  EXPECT_EQ(portal.reads, 0);
+}
+
+TEST_F(AppearanceTest, WithoutAPortalThePaletteDecides) {
+  usePalette(Qt::black, Qt::white);
+  Appearance appearance(std::nullopt);
+  wait();
+  const UserInterfaceStyle dark = appearance.style();
+  const QSignalSpy changes(&appearance, &Appearance::changed);
+
+  usePalette(Qt::white, Qt::black);
+
+  EXPECT_EQ(dark, UserInterfaceStyle::Dark);
+  EXPECT_EQ(appearance.style(), UserInterfaceStyle::Light);
+  EXPECT_EQ(changes.count(), 1);
+}
+
+TEST_F(AppearanceTest, ThePortalDecidesOverThePalette) {
+  FakePortal portal(1);
+  ASSERT_TRUE(portal.isOnTheBus);
+  Appearance appearance(std::nullopt);
+  const QSignalSpy changes(&appearance, &Appearance::changed);
+  const UserInterfaceStyle atFirst = appearance.style();
+
+  wait();
+  usePalette(Qt::lightGray, Qt::black);
+
+  EXPECT_EQ(atFirst, UserInterfaceStyle::Light);
+  EXPECT_EQ(appearance.style(), UserInterfaceStyle::Dark);
+  EXPECT_EQ(changes.count(), 1);
+  EXPECT_EQ(portal.reads, 1);
+}
+
+TEST_F(AppearanceTest, ChangesOfThePortalsSettingAreFollowed) {
+  FakePortal portal(1);
+  ASSERT_TRUE(portal.isOnTheBus);
+  Appearance appearance(std::nullopt);
+  ASSERT_TRUE(waitFor(appearance, UserInterfaceStyle::Dark));
+  const QSignalSpy changes(&appearance, &Appearance::changed);
+
+  portal.change(space, key, 2);
+  const bool becameLight = waitFor(appearance, UserInterfaceStyle::Light);
+  // Signals keep their order: these two have been heard when the third has.
+  portal.change(space, QStringLiteral("accent-color"), 1);
+  portal.change(QStringLiteral("org.other"), key, 1);
+  portal.change(space, key, 1);
+  const bool becameDark = waitFor(appearance, UserInterfaceStyle::Dark);
+
+  EXPECT_TRUE(becameLight);
+  EXPECT_TRUE(becameDark);
+  EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(AppearanceTest, APortalWithoutAPreferenceLeavesItToThePalette) {
+  FakePortal portal(0);
+  ASSERT_TRUE(portal.isOnTheBus);
+  usePalette(Qt::black, Qt::white);
+
+  Appearance appearance(std::nullopt);
+  wait();
+  const UserInterfaceStyle dark = appearance.style();
+  usePalette(Qt::white, Qt::black);
+
+  EXPECT_EQ(dark, UserInterfaceStyle::Dark);
+  EXPECT_EQ(appearance.style(), UserInterfaceStyle::Light);
+}
+
+}  // namespace
+}  // namespace frelta
+
+#include "AppearanceTest.moc"
