@@ -1,0 +1,39 @@
+#include "app/HostPlatform.h"
+
+namespace frelta {
+
+HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance)
+    : files_(root), system_(appearance) {
+  for (const char* folder : {"/var/mobile/Library/Preferences", "/Library/Frelta/Presets",
+                             "/Library/Frelta/UserImages"}) {
+    files_.sweepDirectoryAtPath(folder);
+  }
+}
+
+Platform HostPlatform::platform() {
+  Platform platform;
+  platform.fileManager = &files_;
+  platform.propertyLists = &propertyLists_;
+  platform.json = &json_;
+  platform.darwinNotificationCenter = &notifications_;
+  platform.processes = &processes_;
+  platform.log = &log_;
+  platform.mainQueue = &mainQueue_;
+  platform.random = &random_;
+  platform.system = &system_;
+  return platform;
+}
+
+GraphicsServices HostPlatform::graphicsServices() {
+  return {&images_};
+}
+
+UIKitServices HostPlatform::uiKitServices() {
+  UIKitServices services;
+  services.text = &text_;
+  services.addresses = &addresses_;
+  services.pasteboard = &pasteboard_;
+  return services;
+}
+
+}  // namespace frelta

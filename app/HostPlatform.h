@@ -1,0 +1,52 @@
+#pragma once
+
+#include <string>
+
+#include "foundation/Platform.h"
+#include "graphics/GraphicsServices.h"
+#include "linux/LinuxDarwinNotificationCenter.h"
+#include "linux/LinuxFileManager.h"
+#include "linux/LinuxJSONSerialization.h"
+#include "linux/LinuxProcessLauncher.h"
+#include "linux/LinuxPropertyListSerialization.h"
+#include "linux/LinuxRandomSource.h"
+#include "linux/SyslogLog.h"
+#include "painting/QtImageServices.h"
+#include "quick/Appearance.h"
+#include "quick/QtAddressOpener.h"
+#include "quick/QtMainQueue.h"
+#include "quick/QtPasteboard.h"
+#include "quick/QtSystemInformation.h"
+#include "quick/QtTextMeasurer.h"
+#include "uikit/UIKitServices.h"
+
+namespace frelta {
+
+/// One of each real service, for this desktop.
+class HostPlatform {
+ public:
+  /// The appearance outlives this. Removes what writes that a crash cut short have left below the
+  /// root.
+  HostPlatform(const std::string& root, const Appearance& appearance);
+
+  Platform platform();
+  GraphicsServices graphicsServices();
+  UIKitServices uiKitServices();
+
+ private:
+  LinuxFileManager files_;
+  LinuxPropertyListSerialization propertyLists_;
+  LinuxJSONSerialization json_;
+  LinuxDarwinNotificationCenter notifications_;
+  LinuxProcessLauncher processes_;
+  SyslogLog log_;
+  QtMainQueue mainQueue_;
+  LinuxRandomSource random_;
+  QtSystemInformation system_;
+  QtImageServices images_;
+  QtTextMeasurer text_;
+  QtAddressOpener addresses_;
+  QtPasteboard pasteboard_;
+};
+
+}  // namespace frelta

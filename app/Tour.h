@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <string>
+
+#include "app/BroadcastListener.h"
+#include "app/SettingsApplication.h"
+#include "app/TourDriver.h"
+
+namespace frelta {
+
+/// Walks through the real pages by taps, prints each step with the settings file and the broadcasts
+/// heard, and saves a picture of each.
+class Tour {
+ public:
+  /// The application is open and its window shown; it outlives the tour.
+  Tour(SettingsApplication& application, QString folder);
+
+  /// True when every step went well.
+  bool run();
+
+ private:
+  void step(const QString& title, const std::function<bool()>& work);
+  /// The number that the settings file holds under the key; nothing when it is absent.
+  static std::optional<PropertyListValue> storedValue(const std::string& key);
+  bool flips(const std::string& key);
+  bool choosesBackground(int mode, const std::string& visibleRow);
+  bool heardRefreshes(int count);
+
+  TourDriver driver_;
+  BroadcastListener listener_;
+  QString folder_;
+  int steps_ = 0;
+  int failures_ = 0;
+};
+
+}  // namespace frelta

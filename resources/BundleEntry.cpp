@@ -1,0 +1,8 @@
+#include "pages/PagesRegistration.h"
+#include "presets/PresetsRegistration.h"
+
+extern "C" __attribute__((visibility("default"))) void PSBundleRegisterClasses(
+    frelta::PSClassRegistry& classes) {
+  frelta::registerPages(classes);
+  frelta::registerPresets(classes);
+}
