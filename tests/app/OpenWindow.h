@@ -1,0 +1,87 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <QTest>
+
+#include <string>
+
+#include "app/SettingsApplication.h"
+#include "app/TourDriver.h"
+#include "fake/FakePasteboard.h"
+#include "fake/FakePlatform.h"
+#include "foundation/PropertyListFiles.h"
+#include "painting/QtImageServices.h"
+#include "quick/QtTextMeasurer.h"
+#include "settings/SettingsKeys.h"
+#include "uikit/UISwitch.h"
+
+namespace frelta {
+
+/// The whole application in an offscreen window, over real files in a root of its own. Everything
+/// that would leave the process is a fake, unless a test puts a real service in its place before
+/// open().
+class OpenWindow {
+ public:
+  explicit OpenWindow(UserInterfaceStyle style = UserInterfaceStyle::Light) : appearance(style) {
+    services = Platform::current();
+  }
+
+  void open(const QString& bundle = QStringLiteral(FRELTA_BUNDLE), QSize size = {390, 844}) {
+    UIKitServices kit;
+    kit.text = &text_;
+    kit.pasteboard = &pasteboard;
+    application = std::make_unique<SettingsApplication>(services, GraphicsServices{&images_}, kit,
+                                                        appearance);
+    QString error;
+    ASSERT_TRUE(application->open(bundle, error)) << error.toStdString();
+    application->window()->resize(size);
+    application->window()->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(application->window()));
+    driver =
+        std::make_unique<TourDriver>(*application->window(), *application->navigationController());
+    settle();
+  }
+
+  void settle() {
+    driver->settle();
+    platform.mainQueue.runPending();
+  }
+
+  /// Presses the row's switch with the mouse.
+  void clickSwitch(const std::string& row) {
+    UITableViewCell* cell = driver->findRow(row);
+    ASSERT_NE(cell, nullptr) << row;
+    const UISwitch* control = findView<UISwitch>(*cell);
+    ASSERT_NE(control, nullptr) << row;
+    const QQuickItem* item = application->window()->itemFor(*control);
+    ASSERT_NE(item, nullptr) << row;
+    const QPointF middle = item->mapToScene({item->width() / 2, item->height() / 2});
+    QTest::mouseClick(application->window(), Qt::LeftButton, {}, middle.toPoint());
+    settle();
+  }
+
+  /// What the settings file holds now; empty when there is none.
+  Dictionary settings() const {
+    return dictionaryWithContentsOfFile(kSettingsPath).value_or(Dictionary());
+  }
+  void putSettings(const Dictionary& dictionary) {
+    const auto bytes = services.propertyLists->dataWithPropertyList(dictionary);
+    ASSERT_TRUE(bytes);
+    platform.put(kSettingsPath, *bytes);
+  }
+
+  FakePlatform platform;
+  Platform services;
+  FakePasteboard pasteboard;
+  Appearance appearance;
+
+ private:
+  QtImageServices images_;
+  QtTextMeasurer text_;
+
+ public:
+  std::unique_ptr<SettingsApplication> application;
+  std::unique_ptr<TourDriver> driver;
+};
+
+}  // namespace frelta

@@ -1,0 +1,12 @@
+#include <gmock/gmock.h>
+#include <QGuiApplication>
+
+#include "quick/RenderBackend.h"
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleMock(&argc, argv);
+  QGuiApplication application(argc, argv);
+  frelta::chooseRenderBackend();
+  return RUN_ALL_TESTS();
+}
