@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 
+#include "pages/FreltaKeyLabelLinkCell.h"
 #include "pages/freltaAdvancedprefsRootListController.h"
 #include "pages/freltaprefsRootListController.h"
 
@@ -26,6 +28,12 @@ void registerPages(PSClassRegistry& classes) {
   classes.registerController("freltaAdvancedprefsRootListController", [] {
     return std::make_shared<freltaAdvancedprefsRootListController>();
   });
+  classes.registerCell("FreltaKeyLabelLinkCell",
+                       [](UITableViewCellStyle style, std::string identifier,
+                          std::shared_ptr<PSSpecifier> specifier) {
+                         return std::make_unique<FreltaKeyLabelLinkCell>(
+                             style, std::move(identifier), std::move(specifier));
+                       });
   registerAction(classes, "respring", &RootPage::respring);
   registerAction(classes, "twitterlink", &RootPage::twitterlink);
   registerAction(classes, "supportlink", &RootPage::supportlink);

@@ -49,7 +49,7 @@ TEST_F(PageDescriptionsTest, GiveEverySettingARowOfAFittingKind) {
   using enum PSCellType;
   const auto switches = keysOfKind({PSSwitchCell});
   const auto choices = keysOfKind({PSSegmentCell, PSLinkListCell});
-  const auto texts = keysOfKind({PSTitleValueCell});
+  const auto texts = keysOfKind({PSTitleValueCell, PSLinkCell});
 
   for (const SettingKey& key : settingKeys()) {
     const auto& rows = key.kind == SettingKind::Switch    ? switches
@@ -112,7 +112,8 @@ TEST_F(PageDescriptionsTest, RowsThatLeadNowhereYetSayNothingFalse) {
     }
   }
 
-  EXPECT_THAT(pressable, ElementsAre("Settings", "backgroundImageContentModeInt", "Respring",
+  EXPECT_THAT(pressable, ElementsAre("Settings", "backgroundImageContentModeInt", "CurrentPreset",
+                                     "FreltaPresetsLightMode", "FreltaPresetsDarkMode", "Respring",
                                      "Twitter", "Support"));
 }
 

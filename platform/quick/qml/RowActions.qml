@@ -9,6 +9,8 @@ Item {
     required property CellNode node
     /// Takes the gestures: a row that lay under an item that does would not feel a tap.
     required property Item row
+    readonly property double buttonWidth: 84
+    readonly property double breadth: buttonWidth * node.actionTitles.length
     readonly property int towardsEnd: node.mirrored ? 1 : -1
     /// How far the row has moved aside.
     property double distance: 0
@@ -21,9 +23,7 @@ Item {
         menu.item.popup(x, y);
     }
     function settle() {
-        if (node.actionsOpen && distance < buttons.width / 2)
-            node.closeActions();
-        distance = node.actionsOpen ? buttons.width : 0;
+        distance = node.actionsOpen ? breadth : 0;
     }
 
     Behavior on distance {
@@ -35,14 +35,14 @@ Item {
         x: actions.node.mirrored ? 0 : actions.width - width
         width: actions.distance
         height: actions.height
+        visible: width > 0
         clip: true
 
-        Row {
-            id: buttons
-
+        // They stand still, the first at the edge, while the row uncovers them.
+        Item {
             x: actions.node.mirrored ? 0 : parent.width - width
+            width: actions.breadth
             height: parent.height
-            layoutDirection: actions.node.mirrored ? Qt.LeftToRight : Qt.RightToLeft
 
             Repeater {
                 model: actions.node.actionTitles
@@ -55,10 +55,11 @@ Item {
 
                     objectName: "rowAction"
                     text: modelData
-                    width: Math.max(74, label.implicitWidth + 30)
-                    height: buttons.height
+                    x: actions.node.mirrored ? index * width
+                                             : actions.breadth - (index + 1) * width
+                    width: actions.buttonWidth
+                    height: actions.height
                     enabled: actions.node.actionsOpen
-                    visible: actions.distance > 0
                     focusPolicy: Qt.StrongFocus
                     onClicked: actions.node.pressAction(index)
                     Keys.onReturnPressed: actions.node.pressAction(index)
@@ -81,12 +82,11 @@ Item {
                         }
                     }
                     contentItem: Text {
-                        id: label
-
                         text: button.modelData
                         textFormat: Text.PlainText
                         font: actions.node.actionFont
                         color: "white"
+                        elide: Text.ElideRight
                         horizontalAlignment: Text.AlignHCenter
                         verticalAlignment: Text.AlignVCenter
                         Accessible.ignored: true
@@ -96,9 +96,9 @@ Item {
         }
     }
     DragHandler {
-        parent: actions.row
         id: drag
 
+        parent: actions.row
         property double before: 0
 
         target: null
@@ -108,12 +108,14 @@ Item {
                 before = actions.distance;
                 actions.node.openActions();
             } else {
+                if (actions.distance < actions.breadth / 2)
+                    actions.node.closeActions();
                 actions.settle();
             }
         }
         onTranslationChanged: {
             if (active)
-                actions.distance = Math.max(0, Math.min(buttons.width, before
+                actions.distance = Math.max(0, Math.min(actions.breadth, before
                                             + translation.x * actions.towardsEnd));
         }
     }

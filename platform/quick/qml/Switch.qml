@@ -22,24 +22,21 @@ T.Switch {
     Accessible.onPressAction: node.toggle()
     Accessible.onToggleAction: node.toggle()
 
-    indicator: Rectangle {
+    indicator: Pill {
         width: control.width
         height: control.height
-        radius: height / 2
         color: control.position > 0.5 ? control.node.theme.switchOn : control.node.theme.fill
         opacity: control.enabled ? 1 : 0.5
 
         Behavior on color { ColorAnimation { duration: 150 } }
 
-        Rectangle {
+        Pill {
             x: 2 + control.visualPosition * (parent.width - width - 4)
             y: 2
             width: height + (control.pressed ? 4 : 0)
             height: parent.height - 4
-            radius: height / 2
             color: "white"
-            border.width: 0.5
-            border.color: "#1a000000"
+            outline: "#1a000000"
 
             Behavior on x {
                 enabled: !control.pressed
