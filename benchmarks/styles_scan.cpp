@@ -69,6 +69,9 @@ double measure(int count, int runs) {
   Platform::install(platform);
   Selector selector;
   selector.setIsExtras(FreltaStyleModeHTML);
+  const auto before = ::mallinfo2().uordblks;
+  selector.loadStyles();
+  const auto memory = (::mallinfo2().uordblks - before) / selector.sortedStyles().size();
 
   double ours = 1e9;
   double bare = 1e9;
@@ -76,11 +79,6 @@ double measure(int count, int runs) {
     bare = std::min(bare, secondsOf([&] { bareScan(folder); }));
     ours = std::min(ours, secondsOf([&] { selector.loadStyles(); }));
   }
-  Selector measured;
-  measured.setIsExtras(FreltaStyleModeHTML);
-  const auto before = ::mallinfo2().uordblks;
-  measured.loadStyles();
-  const auto memory = (::mallinfo2().uordblks - before) / measured.sortedStyles().size();
   std::printf("%6d styles: %7.1f ms, bare loop %7.1f ms, ratio %.2f; %zu bytes a style\n", count,
               ours * 1e3, bare * 1e3, ours / bare, memory);
   Platform::install({});

@@ -13,8 +13,12 @@ namespace frelta {
 
 namespace {
 
-bool isKnownFormat(const QByteArray& format) {
-  return format == "png" || format == "jpeg" || format == "gif";
+/// Told by the first bytes. Qt would ask every plug-in that is installed, whatever it reads.
+const char* formatOf(std::string_view bytes) {
+  if (bytes.starts_with("\x89PNG\r\n\x1a\n")) return "png";
+  if (bytes.starts_with("\xFF\xD8\xFF")) return "jpeg";
+  if (bytes.starts_with("GIF8")) return "gif";
+  return nullptr;
 }
 
 bool fitsInMemory(QSize size) {
@@ -31,12 +35,14 @@ std::unique_ptr<UIGraphicsImageContext> QtImageServices::beginImageContext(CGSiz
 }
 
 std::shared_ptr<const UIImage> QtImageServices::imageWithData(std::string_view bytes) const {
+  const char* format = formatOf(bytes);
+  if (!format) return nullptr;
   QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
   QBuffer buffer(&data);
   buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
-  if (!isKnownFormat(reader.format()) || !fitsInMemory(reader.size())) return nullptr;
+  QImageReader reader(&buffer, format);
+  reader.setAutoDetectImageFormat(false);
+  if (!fitsInMemory(reader.size())) return nullptr;
   reader.setAutoTransform(true);
   QImage picture;
   if (!reader.read(&picture)) return nullptr;
