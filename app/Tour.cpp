@@ -3,6 +3,7 @@
 #include <QDir>
 #include <cstdio>
 
+#include "app/PresetsTour.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 
@@ -52,6 +53,7 @@ bool Tour::run() {
     return !driver_.hasRow("FreltaPresetsDarkMode") && flips("SwitchPresetsWithDarkMode") &&
            driver_.hasRow("FreltaPresetsLightMode") && driver_.hasRow("FreltaPresetsDarkMode");
   });
+  walkThroughPresets(*this);
   step(QStringLiteral("Advanced page"),
        [&] { return driver_.tapRow("Settings") && driver_.hasRow("HideEmojiSlider"); });
   step(QStringLiteral("Turn \"HideEmojiSlider\" over"), [&] { return flips("HideEmojiSlider"); });

@@ -20,13 +20,19 @@ class Tour {
   /// True when every step went well.
   bool run();
 
- private:
+  // For the parts of the tour that have files of their own.
+  TourDriver& driver() { return driver_; }
+  /// One step: does the work, tells how it went and saves a picture.
   void step(const QString& title, const std::function<bool()>& work);
-  /// The number that the settings file holds under the key; nothing when it is absent.
+  /// What the settings file holds under the key; nothing when it is absent.
   static std::optional<PropertyListValue> storedValue(const std::string& key);
+  /// Whether a tap on the row's switch changed what is stored, and was told once.
   bool flips(const std::string& key);
-  bool choosesBackground(int mode, const std::string& visibleRow);
+  /// Whether exactly that many refreshes were heard since the last time.
   bool heardRefreshes(int count);
+
+ private:
+  bool choosesBackground(int mode, const std::string& visibleRow);
 
   TourDriver driver_;
   BroadcastListener listener_;

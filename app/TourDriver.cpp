@@ -106,7 +106,11 @@ bool TourDriver::tapRightButton() {
 
 bool TourDriver::swipeRowWithText(const std::string& text) {
   const UITableViewCell* cell = findRowWithText(text);
-  QQuickItem* item = cell ? window_.itemFor(*cell) : nullptr;
+  return cell && swipe(*cell);
+}
+
+bool TourDriver::swipe(const UITableViewCell& cell) {
+  const QQuickItem* item = window_.itemFor(cell);
   if (!item) return false;
   const QPointF start = item->mapToScene({item->width() * 0.9, item->height() / 2});
   const double length = item->width() * 0.8;
@@ -121,9 +125,9 @@ bool TourDriver::swipeRowWithText(const std::string& text) {
 }
 
 bool TourDriver::swipeAndTapAction(const std::string& text, const QString& action) {
-  if (!swipeRowWithText(text)) return false;
-  const QQuickItem* cell = window_.itemFor(*findRowWithText(text));
-  const QQuickItem* button = findItem(*cell, [&](const QQuickItem& item) {
+  const UITableViewCell* cell = findRowWithText(text);
+  if (!cell || !swipe(*cell)) return false;
+  const QQuickItem* button = findItem(*window_.itemFor(*cell), [&](const QQuickItem& item) {
     return item.objectName() == QLatin1String("rowAction") && item.property("text") == action;
   });
   if (!button || !button->isVisible()) return false;

@@ -59,6 +59,7 @@ class TourDriver {
   UITableViewCell* findCell(const std::function<bool(const UITableViewCell&)>& wanted);
   void sendMouse(QEvent::Type type, QPointF point, Qt::MouseButton button, Qt::MouseButtons held);
   void clickAt(QPointF point);
+  bool swipe(const UITableViewCell& cell);
 
   QuickWindow& window_;
   UINavigationController& navigation_;

@@ -19,14 +19,8 @@ UIColor UIColor::colorWithLightAndDark(Components light, Components dark) {
   return {light, dark};
 }
 
-UIColor UIColor::clearColor() {
-  return colorWithRed(0, 0, 0, 0);
-}
 UIColor UIColor::whiteColor() {
   return colorWithRed(1, 1, 1, 1);
-}
-UIColor UIColor::blackColor() {
-  return colorWithRed(0, 0, 0, 1);
 }
 UIColor UIColor::grayColor() {
   return colorWithRed(0.5, 0.5, 0.5, 1);
@@ -71,14 +65,8 @@ UIColor UIColor::systemGray3Color() {
 UIColor UIColor::systemGray4Color() {
   return {rgb(209, 209, 214), rgb(58, 58, 60)};
 }
-UIColor UIColor::systemFillColor() {
-  return {rgb(120, 120, 128, 0.2), rgb(120, 120, 128, 0.36)};
-}
 UIColor UIColor::secondarySystemFillColor() {
   return {rgb(120, 120, 128, 0.16), rgb(120, 120, 128, 0.32)};
-}
-UIColor UIColor::tertiarySystemFillColor() {
-  return {rgb(118, 118, 128, 0.12), rgb(118, 118, 128, 0.24)};
 }
 
 }  // namespace frelta

@@ -20,9 +20,7 @@ class UIColor {
   static UIColor colorWithRed(double red, double green, double blue, double alpha);
   static UIColor colorWithLightAndDark(Components light, Components dark);
 
-  static UIColor clearColor();
   static UIColor whiteColor();
-  static UIColor blackColor();
   static UIColor grayColor();
 
   // The platform's adaptive colours, with the values that its design resources publish.
@@ -39,9 +37,7 @@ class UIColor {
   static UIColor systemRedColor();
   static UIColor systemGray3Color();
   static UIColor systemGray4Color();
-  static UIColor systemFillColor();
   static UIColor secondarySystemFillColor();
-  static UIColor tertiarySystemFillColor();
 
   Components componentsForStyle(UserInterfaceStyle style) const {
     return style == UserInterfaceStyle::Dark ? dark_ : light_;

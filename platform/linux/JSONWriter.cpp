@@ -9,6 +9,14 @@
 namespace frelta {
 namespace {
 
+/// How many characters from the position on are ASCII and stand for themselves.
+std::size_t plainRun(std::string_view text, std::size_t position) {
+  const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; };
+  std::size_t end = position;
+  while (end < text.size() && isPlain(text[end])) ++end;
+  return end - position;
+}
+
 /// Writes a value, one call operator a type.
 class Writer {
  public:
@@ -33,6 +41,11 @@ class Writer {
   void operator()(const std::string& text) {
     out_ += '"';
     for (std::size_t position = 0; position < text.size();) {
+      if (const std::size_t length = plainRun(text, position)) {
+        out_.append(text, position, length);
+        position += length;
+        continue;
+      }
       const std::optional<Scalar> scalar = scalarAt(text, position);
       if (!scalar) throw std::invalid_argument("JSON cannot hold text that is not UTF-8");
       escape(scalar->value, std::string_view(text).substr(position, scalar->length));

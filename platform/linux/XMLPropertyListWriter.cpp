@@ -18,6 +18,16 @@ constexpr std::string_view kHeader =
 constexpr std::string_view kFooter = "</plist>\n";
 constexpr std::size_t kBase64LineLength = 76;
 
+/// How many characters from the position on are ASCII and stand for themselves.
+std::size_t plainRun(std::string_view text, std::size_t position) {
+  const auto isPlain = [](char c) {
+    return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>';
+  };
+  std::size_t end = position;
+  while (end < text.size() && isPlain(text[end])) ++end;
+  return end - position;
+}
+
 /// Writes a value, one call operator a type; each is false when the form cannot hold the value.
 class Writer {
  public:
@@ -97,6 +107,11 @@ class Writer {
 
   bool escape(std::string_view text) {
     for (std::size_t position = 0; position < text.size();) {
+      if (const std::size_t length = plainRun(text, position)) {
+        out_.append(text.substr(position, length));
+        position += length;
+        continue;
+      }
       const std::optional<Scalar> scalar = scalarAt(text, position);
       if (!scalar || !isXMLCharacter(scalar->value)) return false;
       switch (scalar->value) {

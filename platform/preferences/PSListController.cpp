@@ -34,7 +34,8 @@ const PSPageDescription& PSListController::pageDescription(const std::string& na
     description.problems.push_back(bytes ? "not a property list" : "missing");
   }
   for (const std::string& problem : description.problems) {
-    freltaLog("loadSpecifiersFromPlistName " + name + ": " + problem);
+    std::string line = "loadSpecifiersFromPlistName ";
+    freltaLog(line.append(name).append(": ").append(problem));
   }
   return description;
 }
@@ -105,6 +106,8 @@ std::optional<PropertyListValue> PSListController::readPreferenceValue(PSSpecifi
   return value ? std::optional(*value) : std::nullopt;
 }
 
+// A subclass keeps the value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void PSListController::setPreferenceValue(std::optional<PropertyListValue>, PSSpecifier*) {}
 
 UITableView& PSListController::table() {

@@ -1,7 +1,6 @@
 #include "uikit/UITableView.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "uikit/UIAccessibilityState.h"
 #include "uikit/UILabel.h"
@@ -207,9 +206,9 @@ void UITableView::recycleRowsOutside(double minY, double maxY) {
   });
   // From the bottom up: the pool gives the last one first, so a reload finds each row its own cell
   // again, and the keyboard stays in its row.
-  for (UITableViewCell* cell : std::views::reverse(leaving)) {
-    cell->endEditing(true);
-    std::unique_ptr<UIView> owner = cell->removeFromSuperview();
+  for (auto cell = leaving.rbegin(); cell != leaving.rend(); ++cell) {
+    (*cell)->endEditing(true);
+    std::unique_ptr<UIView> owner = (*cell)->removeFromSuperview();
     pool_.put(std::unique_ptr<UITableViewCell>(static_cast<UITableViewCell*>(owner.release())));
   }
 }

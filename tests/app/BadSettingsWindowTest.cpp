@@ -18,11 +18,15 @@ std::string repeated(const std::string& text, int count) {
 struct BadFile {
   const char* name;
   std::string bytes;
+
+  friend void PrintTo(const BadFile& file, std::ostream* out) { *out << file.name; }
 };
 
 struct BadValue {
   const char* name;
   PropertyListValue value;
+
+  friend void PrintTo(const BadValue& value, std::ostream* out) { *out << value.name; }
 };
 
 class BadSettingsWindow : public testing::TestWithParam<BadFile> {};

@@ -11,6 +11,11 @@ struct Look {
   std::string name;
   int width;
   UserInterfaceStyle style;
+
+  std::string title() const {
+    return name + std::to_string(width) + (style == UserInterfaceStyle::Dark ? "Dark" : "Light");
+  }
+  friend void PrintTo(const Look& look, std::ostream* out) { *out << look.title(); }
 };
 
 class Pictures : public testing::TestWithParam<Look> {};
@@ -48,10 +53,7 @@ TEST_P(Pictures, OfAWholePageCutNoText) {
   const QString folder = qEnvironmentVariable("FRELTA_PICTURES");
   if (!folder.isEmpty()) {
     const QString file =
-        QStringLiteral("%1/%2-%3-%4.png")
-            .arg(folder, QString::fromStdString(look.name))
-            .arg(look.width)
-            .arg(QLatin1String(look.style == UserInterfaceStyle::Dark ? "dark" : "light"));
+        QStringLiteral("%1/%2.png").arg(folder, QString::fromStdString(look.title()));
     EXPECT_TRUE(QDir().mkpath(folder) && window.driver->grab(file));
   }
 }

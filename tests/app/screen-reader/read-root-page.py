@@ -122,7 +122,9 @@ def main():
     names = [row.get_name() for row in rows]
     told = iter(names)
     for expected in described(page):
-        check(expected in told, f"there is a row {expected}, in its place")
+        # A row with a value is told with it.
+        found = any(name == expected or name.startswith(expected + ", ") for name in told)
+        check(found, f"there is a row {expected}, in its place")
     check(len(names) == len(set(zip(names, map(top, rows)))), "no row is told twice")
 
     # Segments of one row stand side by side, so their tops are equal.
