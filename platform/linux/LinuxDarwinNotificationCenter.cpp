@@ -18,6 +18,10 @@ constexpr const char* kMember = "Posted";
 constexpr std::chrono::milliseconds kPatience{250};
 constexpr std::chrono::seconds kRest{2};
 
+int ignoreReply(sd_bus_message*, void*, sd_bus_error*) {
+  return 0;
+}
+
 bool isCarriedByBus(std::string_view name) {
   for (std::size_t position = 0; position < name.size();) {
     const auto scalar = scalarAt(name, position);
@@ -48,12 +52,20 @@ void LinuxDarwinNotificationCenter::post(std::string_view name) {
   }
 }
 
+bool LinuxDarwinNotificationCenter::connect() {
+  if (::sd_bus_open_user(&bus_) < 0) {
+    bus_ = nullptr;
+    return false;
+  }
+  // A name lets people watch us with tools that follow a sender. Whether we get it matters to no
+  // one else; another application of the kind may have it, and then we wait for it.
+  ::sd_bus_request_name_async(bus_, nullptr, kInterface, SD_BUS_NAME_QUEUE, ignoreReply, nullptr);
+  return true;
+}
+
 LinuxDarwinNotificationCenter::Outcome LinuxDarwinNotificationCenter::send(
     const std::string& name, Clock::time_point deadline) {
-  if (!bus_ && ::sd_bus_open_user(&bus_) < 0) {
-    bus_ = nullptr;
-    return Outcome::Lost;
-  }
+  if (!bus_ && !connect()) return Outcome::Lost;
   // Settling first tells whether the bus is still there, and reads what it has sent meanwhile.
   Outcome outcome = settle(deadline);
   if (outcome == Outcome::Done) {

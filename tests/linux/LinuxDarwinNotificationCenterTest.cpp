@@ -237,6 +237,38 @@ void flood(int count) {
   ::sd_bus_close_unref(bus);
 }
 
+TEST(LinuxDarwinNotificationCenter, ASecondSenderDoesWithoutTheNameAndIsHeardAllTheSame) {
+  PrivateBus bus;
+  DarwinListener listener;
+  LinuxDarwinNotificationCenter first;
+  LinuxDarwinNotificationCenter second;
+
+  first.post("first");
+  second.post("second");
+  first.post("end");
+
+  EXPECT_THAT(listener.heard(3), ElementsAre("first", "second", "end"));
+}
+
+TEST(LinuxDarwinNotificationCenter, HasANameToBeWatchedByFromItsFirstPostOn) {
+  PrivateBus bus;
+  DarwinListener listener;
+  LinuxDarwinNotificationCenter center;
+  sd_bus* other = nullptr;
+  ASSERT_GE(::sd_bus_open_user(&other), 0);
+  const auto hasOwner = [&] {
+    return ::sd_bus_get_name_creds(other, "com.tarno.DarwinNotificationCenter", 0, nullptr) >= 0;
+  };
+  const bool before = hasOwner();
+
+  center.post("first");
+  listener.heard(1);
+
+  EXPECT_FALSE(before);
+  EXPECT_TRUE(hasOwner());
+  ::sd_bus_close_unref(other);
+}
+
 TEST(LinuxDarwinNotificationCenter, ReadsAndForgetsWhatTheBusSendsIt) {
   PrivateBus bus;
   DarwinListener listener;
