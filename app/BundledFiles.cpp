@@ -1,5 +1,6 @@
 #include "app/BundledFiles.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -15,19 +16,26 @@ namespace {
 
 const QString kBundle = QStringLiteral("/Library/PreferenceBundles/freltaprefs.bundle");
 const QString kThemes = QStringLiteral("/Library/Frelta/Themes");
+/// Stands until every example is installed, so that the next start makes up for one cut short.
+const QString kUnfinished = QStringLiteral("/Library/Frelta/.installing-examples");
 
 bool exists(const QString& devicePath) {
   return Platform::current().fileManager->fileExistsAtPath(devicePath.toStdString());
 }
 
-void install(const QString& hostPath, const QString& devicePath) {
+bool write(const QString& devicePath, const QByteArray& bytes) {
   FileManager& files = *Platform::current().fileManager;
+  return files.createDirectoryAtPath(QFileInfo(devicePath).path().toStdString()) &&
+         files.writeAtomically(devicePath.toStdString(), bytes.toStdString());
+}
+
+/// True when the file stands there afterwards.
+bool install(const QString& hostPath, const QString& devicePath) {
+  if (exists(devicePath)) return true;
   QFile file(hostPath);
-  const bool installed =
-      file.open(QIODevice::ReadOnly) &&
-      files.createDirectoryAtPath(QFileInfo(devicePath).path().toStdString()) &&
-      files.writeAtomically(devicePath.toStdString(), file.readAll().toStdString());
-  if (!installed) freltaLog("installBundledFiles cannot make " + devicePath.toStdString());
+  if (file.open(QIODevice::ReadOnly) && write(devicePath, file.readAll())) return true;
+  freltaLog("installBundledFiles cannot make " + devicePath.toStdString());
+  return false;
 }
 
 }  // namespace
@@ -35,15 +43,18 @@ void install(const QString& hostPath, const QString& devicePath) {
 void installBundledFiles(const QString& bundleFolder) {
   for (const QString& picture :
        {QStringLiteral("/placeholder.png"), QStringLiteral("/iconlarge.png")})
-    if (!exists(kBundle + picture)) install(bundleFolder + picture, kBundle + picture);
+    install(bundleFolder + picture, kBundle + picture);
 
-  if (exists(kThemes)) return;
+  if (exists(kThemes) && !exists(kUnfinished)) return;
+  write(kUnfinished, {});
+  bool complete = true;
   const QDir themes(bundleFolder + QStringLiteral("/Themes"));
   QDirIterator files(themes.path(), QDir::Files, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     const QString path = files.next();
-    install(path, kThemes + QLatin1Char('/') + themes.relativeFilePath(path));
+    complete &= install(path, kThemes + QLatin1Char('/') + themes.relativeFilePath(path));
   }
+  if (complete) Platform::current().fileManager->removeItemAtPath(kUnfinished.toStdString());
 }
 
 }  // namespace frelta

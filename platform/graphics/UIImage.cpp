@@ -11,8 +11,10 @@ UIImage::UIImage(int width, int height, double scale, std::shared_ptr<const std:
     : width_(width), height_(height), scale_(scale), pixels_(std::move(pixels)) {}
 
 std::shared_ptr<const UIImage> UIImage::imageWithContentsOfFile(std::string_view path) {
-  const auto bytes =
-      Platform::current().fileManager->contentsAtPath(path, ImageServices::kMaximumBytes);
+  const FileManager& files = *Platform::current().fileManager;
+  // Opening a device or a pipe, even without waiting, can make something happen at its other end.
+  if (!files.fileSizeAtPath(path)) return nullptr;
+  const auto bytes = files.contentsAtPath(path, ImageServices::kMaximumBytes);
   return bytes ? GraphicsServices::current().images->imageWithData(*bytes) : nullptr;
 }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <set>
+#include <stdexcept>
 #include <string>
 
 #include "app/BundledFiles.h"
@@ -23,6 +24,14 @@ class BundledFiles : public testing::Test {
          std::filesystem::directory_iterator(platform.hostPath("/Library/Frelta/Themes")))
       names.insert(entry.path().filename());
     return names;
+  }
+  /// All files around the examples, below the folder that holds the styles folder.
+  std::set<std::string> files() const {
+    std::set<std::string> paths;
+    const auto root = platform.hostPath("/Library/Frelta");
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(root))
+      if (entry.is_regular_file()) paths.insert(entry.path().lexically_relative(root));
+    return paths;
   }
   static void install() { installBundledFiles(QStringLiteral(FRELTA_BUNDLE)); }
 
@@ -64,6 +73,42 @@ TEST_F(BundledFiles, DoNotComeBackOnceTheirStylesWereRemoved) {
   install();
 
   EXPECT_THAT(themes(), testing::IsEmpty());
+}
+
+TEST_F(BundledFiles, AreCompletedByTheNextStartWhereverOneWasCutShort) {
+  install();
+  const std::set<std::string> all = files();
+  ASSERT_THAT(all, testing::SizeIs(14));
+
+  // Before the first example, after some, before the last one, and when all are there.
+  for (const int cut : {3, 10, 16, 17}) {
+    std::filesystem::remove_all(platform.hostPath("/Library"));
+    int changes = 0;
+    platform.files.beforeCall = [&](const FailingFiles::Call& call) {
+      const bool change = call.operation == Operation::Write || call.operation == Operation::Remove;
+      if (change && changes++ == cut) throw std::runtime_error("killed");
+    };
+    EXPECT_THROW(install(), std::runtime_error);
+    platform.files.beforeCall = nullptr;
+
+    install();
+
+    EXPECT_EQ(files(), all) << "cut before change " << cut;
+  }
+}
+
+TEST_F(BundledFiles, ThatADiskHadNoRoomForComeWithTheNextStart) {
+  platform.files.beforeCall = [this](const FailingFiles::Call& call) {
+    if (call.path.ends_with("Icon.png")) platform.files.fail(Operation::Write);
+  };
+  install();
+  platform.files.beforeCall = nullptr;
+  platform.files.succeed(Operation::Write);
+  createDeviceFolders();
+
+  install();
+
+  EXPECT_THAT(files(), testing::SizeIs(14));
 }
 
 TEST_F(BundledFiles, ThatCannotBeWrittenAreLogged) {

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QBuffer>
 #include <QByteArray>
@@ -197,7 +199,26 @@ TEST_F(ImageFiles, AreReadFromTheDevice) {
   EXPECT_EQ(pixelOf(*image, 0, 0), kRed);
 }
 
-TEST_F(ImageFiles, ThatAreNoRegularFilesAreNeverOpened) {
+TEST_F(ImageFiles, ThatArePipesAreNeverOpened) {
+  platform.put("/file.png", "no picture");
+  ASSERT_EQ(::mkfifo(platform.hostPath("/fifo.png").c_str(), 0600), 0);
+  const int watch = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  const auto wasOpened = [&] {
+    std::array<char, 4096> events;
+    return ::read(watch, events.data(), events.size()) > 0;
+  };
+  for (const char* path : {"/file.png", "/fifo.png"})
+    ASSERT_GE(::inotify_add_watch(watch, platform.hostPath(path).c_str(), IN_OPEN), 0);
+
+  EXPECT_EQ(UIImage::imageWithContentsOfFile("/file.png"), nullptr);
+  EXPECT_TRUE(wasOpened());
+  EXPECT_EQ(UIImage::imageWithContentsOfFile("/fifo.png"), nullptr);
+  EXPECT_FALSE(wasOpened());
+
+  ::close(watch);
+}
+
+TEST_F(ImageFiles, ThatAreNoRegularFilesAreNoPictures) {
   platform.put("/empty.png", "");
   ASSERT_EQ(::mkfifo(platform.hostPath("/fifo.png").c_str(), 0600), 0);
   std::filesystem::create_directory(platform.hostPath("/folder.png"));

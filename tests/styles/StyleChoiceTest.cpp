@@ -121,6 +121,19 @@ TEST_F(StyleChoice, PlainGroupsTakeTheirStateFromTheirItemsAgainAndStoreNoPath) 
   EXPECT_EQ(platform.notifications.posted.size(), 1U);
 }
 
+TEST_F(StyleChoice, AGroupThatIsOnlyInTheEnabledSectionTakesItsStateFromItsItemsToo) {
+  const auto group = std::make_shared<FreltaSortedItem>();
+  group->setItems(std::make_shared<std::vector<std::shared_ptr<FreltaStyleItem>>>(
+      1, std::make_shared<FreltaStyleItem>()));
+  group->setEnabledState(FreltaEnabledStateAll);
+  const auto selector = selectorOf(FreltaStyleModeImages);
+  selector->setEnabledStyles({group});
+
+  selector->setStyleGroup(group, false);
+
+  EXPECT_EQ(group->enabledState(), FreltaEnabledStateNone);
+}
+
 TEST_F(StyleChoice, NoGroupAtAllSwitchesTheKindOff) {
   const auto a = style("/A");
   const auto selector = selectorOf(FreltaStyleModeImages);
@@ -160,6 +173,20 @@ TEST_F(StyleChoice, AFileThatCannotBeReadIsLeftAsItIsSilently) {
   EXPECT_EQ(a->enabledState(), FreltaEnabledStateAll);
   EXPECT_EQ(platform.notifications.posted.size(), 1U);
   EXPECT_EQ(selector->preferencesDictionary(), std::nullopt);
+}
+
+TEST_F(StyleChoice, AFileThatMayNotBeReadIsLeftAsItIsSilently) {
+  putSettings({{"EnabledHTMLThemesPath", "/before"}});
+  const std::string before = platform.get(kSettingsPath);
+  platform.files.fail(Operation::Read);
+  const auto selector = selectorOf(FreltaStyleModeHTML);
+
+  EXPECT_TRUE(selector->isPathEnabled(inThemes("Example HTML.theme")));
+  selector->setStyleGroup(style("/A"), true);
+
+  EXPECT_EQ(platform.get(kSettingsPath), before);
+  EXPECT_EQ(platform.files.count(Operation::Write), 0U);
+  EXPECT_THAT(platform.log.lines, testing::IsEmpty());
 }
 
 TEST_F(StyleChoice, AWriteThatFailsKeepsTheNewStateInMemory) {

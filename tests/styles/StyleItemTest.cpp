@@ -82,6 +82,33 @@ TEST_F(StyleItem, LooksForTheMarksInTheWholePath) {
                                             "/S-large/IconBundles/Foo-large.png"));
 }
 
+TEST_F(StyleItem, CutsABaseNameAtItsFirstMarkAndOtherwiseAtItsExtension) {
+  platform.put(icon("Foo@home@2x"), "xx");
+  platform.put(icon("Foo@work@2x"), "x");
+  platform.put(icon("Bar-large-large"), "xx");
+  platform.put(icon("Bar-large"), "x");
+  platform.put(icon("Bar"), "");
+  platform.put(icon("Baz.v1"), "x");
+  platform.put(icon("Baz.v2"), "x");
+  platform.put(icon("Qux-large@2x"), "x");
+  platform.put(icon("Qux-large"), "x");
+
+  EXPECT_THAT(images(), testing::UnorderedElementsAre(icon("Foo@home@2x"), icon("Bar-large-large"),
+                                                      icon("Baz.v1"), icon("Baz.v2"),
+                                                      icon("Qux-large@2x"), icon("Qux-large")));
+}
+
+TEST_F(StyleItem, TakesImagesThatWereSetFromOutsideAsTheyAre) {
+  platform.put(icon("Foo"), "x");
+
+  item.setCachedStyleImages({{"/elsewhere.png"}});
+  EXPECT_THAT(item.imagesForStyle(), ElementsAre("/elsewhere.png"));
+  item.setCachedStyleImages(std::vector<std::string>());
+  EXPECT_THAT(item.imagesForStyle(), IsEmpty());
+
+  EXPECT_EQ(platform.files.count(Operation::Contents), 0U);
+}
+
 TEST_F(StyleItem, AnUnreadableSizeCountsAsNothing) {
   platform.put(icon("Foo"), "x");
   platform.put(icon("Foo@2x"), "xx");

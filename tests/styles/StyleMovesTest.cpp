@@ -165,6 +165,31 @@ TEST_F(StyleMoves, AMovedRowTakesItsEntryAlongInTheEnabledSectionLater) {
               testing::ElementsAre("begin", "move 1.0 to 1.2", "end", "reload section 0"));
 }
 
+TEST_F(StyleMoves, TheListsChangeBetweenTheBeginningOfTheUpdatesAndTheMove) {
+  class ListsTable : public RecordingTable {
+   public:
+    explicit ListsTable(const FreltaStyleLibrary& shown) : library(shown) {}
+    void beginUpdates() override { firstAtBegin.push_back(library.enabledStyles().at(0)); }
+    void moveRowAtIndexPath(IndexPath, IndexPath) override {
+      firstAtMove.push_back(library.enabledStyles().at(0));
+    }
+    const FreltaStyleLibrary& library;
+    FreltaStyleLibrary::Entries firstAtBegin;
+    FreltaStyleLibrary::Entries firstAtMove;
+  } lists(*selector);
+  selector->setStyleTable(&lists);
+  selector->setSortedStyles({a});
+  selector->setEnabledStyles({b, c});
+  lists.cells = {{a, IndexPath{1, 0}}};
+
+  selector->setStyle(a->items()->at(0), true);
+  selector->moveRowAtIndexPath({0, 0}, {0, 2});
+  platform.mainQueue.runPending();
+
+  EXPECT_THAT(lists.firstAtBegin, testing::ElementsAre(b, a));
+  EXPECT_THAT(lists.firstAtMove, testing::ElementsAre(a, b));
+}
+
 TEST_F(StyleMoves, AMoveRemovesEveryOccurrenceOfTheEntry) {
   selector->setEnabledStyles({a, b, a});
 
