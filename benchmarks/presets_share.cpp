@@ -55,9 +55,10 @@ int main() {
 
   const double share = shortestSeconds(
       [&] { benchmark::DoNotOptimize(base64StringFromDict(dictionaryWithContentsOfFile(path))); });
-  const std::string imported = presetPathForName("Imported");
-  const double import = shortestSeconds(
-      [&] { writeDecodedPresetToFile(base64StringToDict(text).value(), imported); });
+  const double import = shortestSeconds([&] {
+    const auto preset = base64StringToDict(text);
+    benchmark::DoNotOptimize(Platform::current().propertyLists->dataWithPropertyList(*preset));
+  });
   std::printf("file of %zu bytes, text of %zu\n", platform.get(path).size(), text.size());
   std::printf("frelta share %.2f ms, import %.2f ms\n", share * 1e3, import * 1e3);
   std::fflush(stdout);

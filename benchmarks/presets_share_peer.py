@@ -2,7 +2,6 @@
 
 import base64
 import json
-import os
 import plistlib
 import sys
 import time
@@ -14,13 +13,8 @@ def share(path):
     return base64.b64encode(json.dumps(preset, indent=2).encode())
 
 
-def import_text(text, path):
-    preset = json.loads(base64.b64decode(text, validate=True))
-    with open(path + ".new", "wb") as file:
-        plistlib.dump(preset, file)
-        file.flush()
-        os.fsync(file.fileno())
-    os.rename(path + ".new", path)
+def import_text(text):
+    return plistlib.dumps(json.loads(base64.b64decode(text, validate=True)))
 
 
 def shortest(repetitions, work, *arguments):
@@ -38,7 +32,7 @@ with open(text_path, "rb") as file:
     text = file.read()
 theirs = [
     shortest(repetitions, share, path),
-    shortest(repetitions, import_text, text, path + ".python"),
+    shortest(repetitions, import_text, text),
 ]
 print(f"python share {theirs[0] * 1e3:.2f} ms, import {theirs[1] * 1e3:.2f} ms")
 print(f"ratio  share {theirs[0] / ours[0]:.1f}, import {theirs[1] / ours[1]:.1f}")

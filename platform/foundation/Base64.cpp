@@ -23,15 +23,14 @@ constexpr std::array<std::uint8_t, 256> kSixBitValues = makeSixBitValues();
 }  // namespace
 
 std::string base64EncodedString(std::string_view bytes) {
-  std::string text;
-  text.reserve((bytes.size() + 2) / 3 * 4);
+  std::string text((bytes.size() + 2) / 3 * 4, '=');
+  auto out = text.begin();
   for (std::size_t i = 0; i < bytes.size(); i += 3) {
     const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
     std::uint32_t group = 0;
     for (std::size_t j = 0; j < 3; ++j)
       group = group << 8 | (j < count ? static_cast<unsigned char>(bytes[i + j]) : 0u);
-    for (std::size_t j = 0; j < 4; ++j)
-      text += j <= count ? kAlphabet[group >> (18 - 6 * j) & 0x3F] : '=';
+    for (std::size_t j = 0; j <= count; ++j) *out++ = kAlphabet[group >> (18 - 6 * j) & 0x3F];
   }
   return text;
 }
@@ -42,8 +41,8 @@ std::optional<std::string> dataFromBase64String(std::string_view text) {
   while (padding < 2 && padding < text.size() && text[text.size() - 1 - padding] == '=') ++padding;
 
   const std::size_t digits = text.size() - padding;
-  std::string bytes;
-  bytes.reserve(text.size() / 4 * 3);
+  std::string bytes(text.size() / 4 * 3 - padding, '\0');
+  auto out = bytes.begin();
   for (std::size_t i = 0; i < digits; i += 4) {
     const std::size_t count = std::min<std::size_t>(4, digits - i);
     std::uint32_t group = 0;
@@ -56,7 +55,7 @@ std::optional<std::string> dataFromBase64String(std::string_view text) {
     const std::uint32_t unused = count == 4 ? 0 : count == 3 ? 0xFF : 0xFFFF;
     if (group & unused) return std::nullopt;
     for (std::size_t j = 0; j + 1 < count; ++j)
-      bytes += static_cast<char>(group >> (16 - 8 * j) & 0xFF);
+      *out++ = static_cast<char>(group >> (16 - 8 * j) & 0xFF);
   }
   return bytes;
 }
