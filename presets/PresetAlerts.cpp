@@ -36,7 +36,7 @@ UITextField* addField(const Alert& alert, const std::string& placeholder) {
 }
 
 Alert confirmation(std::string title, std::string message, AlertCallback confirm) {
-  const Alert alert = makeAlert(std::move(title), std::move(message));
+  Alert alert = makeAlert(std::move(title), std::move(message));
   addAction(alert, "Confirm", Destructive, std::move(confirm));
   addCancel(alert);
   return alert;
@@ -45,20 +45,20 @@ Alert confirmation(std::string title, std::string message, AlertCallback confirm
 }  // namespace
 
 Alert presetNameErrorAlert(std::string problem) {
-  const Alert alert = makeAlert("Error", std::move(problem));
+  Alert alert = makeAlert("Error", std::move(problem));
   addAction(alert, "OK", Default);
   return alert;
 }
 
 Alert importErrorAlert() {
-  const Alert alert =
+  Alert alert =
       makeAlert("Error", "Failed to import preset. Please check the preset data and try again.");
   addAction(alert, "OK", Cancel);
   return alert;
 }
 
 Alert importOrAddAlert(AlertCallback import, AlertCallback add) {
-  const Alert alert = makeAlert("Import/Add", "What would you like to do?");
+  Alert alert = makeAlert("Import/Add", "What would you like to do?");
   addAction(alert, "Import Existing Preset...", Default, std::move(import));
   addAction(alert, "Create New Preset...", Default, std::move(add));
   addCancel(alert);
@@ -66,7 +66,7 @@ Alert importOrAddAlert(AlertCallback import, AlertCallback add) {
 }
 
 Alert newPresetAlert(std::function<void(const std::string&)> save) {
-  const Alert alert = makeAlert("New Preset", "Enter a name for your preset");
+  Alert alert = makeAlert("New Preset", "Enter a name for your preset");
   UITextField* name = addField(alert, "Preset Name...");
   addAction(alert, "Save", Default, [name, save = std::move(save)] { save(name->text()); });
   addCancel(alert);
@@ -74,7 +74,7 @@ Alert newPresetAlert(std::function<void(const std::string&)> save) {
 }
 
 Alert importPresetAlert(std::function<void(const std::string&, const std::string&)> import) {
-  const Alert alert = makeAlert("Import Preset", "Enter a name and paste the preset data below...");
+  Alert alert = makeAlert("Import Preset", "Enter a name and paste the preset data below...");
   UITextField* name = addField(alert, "Preset Name...");
   UITextField* data = addField(alert, "Preset Data...");
   addAction(alert, "Import", Default,
@@ -97,7 +97,7 @@ Alert deletePresetAlert(const std::string& name, AlertCallback remove) {
 }
 
 Alert sharePresetAlert(const std::string& name, std::string text) {
-  const Alert alert =
+  Alert alert =
       makeAlert("Share \"" + name + "\"...", "Copy the following to share the preset: \n\n" + text);
   addAction(alert, "Copy to Clipboard", Default,
             [text = std::move(text)] { UIPasteboard::generalPasteboard().setString(text); });
