@@ -44,7 +44,8 @@ ViewNode::ViewNode(UIView& view, ViewMirror& mirror) : mirror_(mirror), view_(&v
 ViewNode::~ViewNode() {
   letGoOfView();
   mirror_.forget(*this);
-  // Bindings of the item read the node to the last.
+  // Bindings of the item read the node to the last, but its signals are for what is no more.
+  if (item_) item_->disconnect(this);
   delete item_;
 }
 
