@@ -10,17 +10,9 @@
 
 namespace frelta {
 
-namespace {
-
-QString qstring(const std::string& text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
-
 void LabelNode::syncContents() {
   const UILabel& label = *viewAs<UILabel>(*this);
-  text_ = qstring(label.text());
+  text_ = QString::fromStdString(label.text());
   font_ = qtFont(label.font());
   color_ = mirror().theme().resolve(label.textColor());
   alignment_ = qtAlignment(label.textAlignment(), mirror().isRightToLeft());
@@ -33,8 +25,8 @@ void LabelNode::syncContents() {
 
 void TextFieldNode::syncContents() {
   const UITextField& field = *viewAs<UITextField>(*this);
-  text_ = qstring(field.text());
-  placeholder_ = qstring(field.placeholder());
+  text_ = QString::fromStdString(field.text());
+  placeholder_ = QString::fromStdString(field.placeholder());
   font_ = qtFont(field.font());
   alignment_ = qtAlignment(field.textAlignment(), mirror().isRightToLeft());
   clearButton_ = field.clearButtonMode() == UITextFieldViewMode::WhileEditing &&

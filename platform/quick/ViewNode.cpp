@@ -9,10 +9,6 @@ namespace frelta {
 
 namespace {
 
-QString qstring(const std::string& text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 int accessibleRole(UIAccessibility::Role role) {
   switch (role) {
     case UIAccessibility::Role::StaticText:
@@ -111,8 +107,9 @@ void ViewNode::syncAccessibility() {
   accessibleIgnored_ =
       view_->isHidden() || insideElement || !(accessibility.isElement || container);
   accessibleRole_ = accessibleRole(accessibility.role);
-  QString name = qstring(accessibility.label);
-  if (!accessibility.value.empty()) name += QStringLiteral(", ") + qstring(accessibility.value);
+  QString name = QString::fromStdString(accessibility.label);
+  if (!accessibility.value.empty())
+    name += QStringLiteral(", ") + QString::fromStdString(accessibility.value);
   accessibleName_ = name;
   accessibleCheckable_ = accessibility.role == UIAccessibility::Role::Switch || accessibility.on;
   accessibleChecked_ = accessibility.on;
