@@ -1,5 +1,7 @@
 #include "graphics/UIColor.h"
 
+#include "foundation/Platform.h"
+
 namespace frelta {
 
 namespace {
@@ -19,8 +21,38 @@ UIColor UIColor::colorWithLightAndDark(Components light, Components dark) {
   return {light, dark};
 }
 
+UIColor UIColor::colorBetween(const UIColor& from, const UIColor& to, double fraction) {
+  const auto mix = [fraction](const Components& a, const Components& b) {
+    const auto part = [fraction](double x, double y) { return x + (y - x) * fraction; };
+    return Components{part(a.red, b.red), part(a.green, b.green), part(a.blue, b.blue),
+                      part(a.alpha, b.alpha)};
+  };
+  return {mix(from.light_, to.light_), mix(from.dark_, to.dark_)};
+}
+
+UIColor UIColor::colorWithAlphaComponent(double alpha) const {
+  UIColor color = *this;
+  color.light_.alpha = color.dark_.alpha = alpha;
+  return color;
+}
+
+std::optional<UIColor::Components> UIColor::getRed() const {
+  if (const SystemInformation* system = Platform::current().system) {
+    for (const SystemInformation::Window& window : system->windows()) {
+      if (window.isKeyWindow) return componentsForStyle(window.userInterfaceStyle);
+    }
+  }
+  return light_;
+}
+
+UIColor UIColor::clearColor() {
+  return colorWithRed(0, 0, 0, 0);
+}
 UIColor UIColor::whiteColor() {
   return colorWithRed(1, 1, 1, 1);
+}
+UIColor UIColor::darkGrayColor() {
+  return colorWithRed(1.0 / 3, 1.0 / 3, 1.0 / 3, 1);
 }
 UIColor UIColor::grayColor() {
   return colorWithRed(0.5, 0.5, 0.5, 1);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "foundation/SystemInformation.h"
 
 namespace frelta {
@@ -20,7 +22,12 @@ class UIColor {
   static UIColor colorWithRed(double red, double green, double blue, double alpha);
   static UIColor colorWithLightAndDark(Components light, Components dark);
 
+  /// Part of the way from one to the other, 0 to 1, in each appearance.
+  static UIColor colorBetween(const UIColor& from, const UIColor& to, double fraction);
+
+  static UIColor clearColor();
   static UIColor whiteColor();
+  static UIColor darkGrayColor();
   static UIColor grayColor();
 
   // The platform's adaptive colours, with the values that its design resources publish.
@@ -39,6 +46,10 @@ class UIColor {
   static UIColor systemGray4Color();
   static UIColor secondarySystemFillColor();
 
+  UIColor colorWithAlphaComponent(double alpha) const;
+  /// The components in the appearance of the key window; light without one. Nothing for a colour
+  /// that has none, which this class does not make.
+  std::optional<Components> getRed() const;
   Components componentsForStyle(UserInterfaceStyle style) const {
     return style == UserInterfaceStyle::Dark ? dark_ : light_;
   }

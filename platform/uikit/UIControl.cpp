@@ -24,7 +24,7 @@ void UIControl::removeTarget(const void* target, const std::string& action, unsi
 
 void UIControl::sendActionsForControlEvents(UIControlEvents event) {
   const std::vector<Target> targets = targets_;
-  const std::weak_ptr<bool> alive = alive_;
+  const std::weak_ptr<const void> alive = lifetime();
   for (const Target& target : targets) {
     if (alive.expired()) return;
     const Target* known = wiring(target.target, target.action);

@@ -48,8 +48,6 @@ class UIControl : public UIView {
 
   std::vector<Target> targets_;
   bool enabled_ = true;
-  /// Gone when the control is.
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 }  // namespace frelta

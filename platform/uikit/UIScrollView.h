@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+
 #include "uikit/UIView.h"
 
 namespace frelta {
@@ -15,19 +17,26 @@ class UIScrollView : public UIView {
   CGSize contentSize() const { return contentSize_; }
   void setContentSize(CGSize size);
   CGPoint contentOffset() const { return bounds().origin; }
-  /// Shows that point at the top left, kept within the content.
-  void setContentOffset(CGPoint offset);
+  /// Shows that point at the top left, kept within the content. Animated, the content moves there
+  /// on the main queue's clock, until something else scrolls it.
+  void setContentOffset(CGPoint offset, bool animated = false);
   /// Scrolls as little as makes the rectangle (content coordinates) visible.
-  void scrollRectToVisible(const CGRect& rect);
+  void scrollRectToVisible(const CGRect& rect, bool animated = false);
   /// The user scrolled to there; calls scrollViewDidScroll.
   void userDidScroll(CGPoint offset);
+  /// Whether an animated scrolling is under way.
+  bool isScrollAnimating() const { return scrolling_ != nullptr; }
 
  protected:
   virtual void scrollViewDidScroll() {}
 
  private:
+  struct Scrolling;
   CGPoint clamped(CGPoint offset) const;
+  void moveTo(CGPoint offset);
+  void scheduleStep();
   CGSize contentSize_;
+  std::shared_ptr<Scrolling> scrolling_;  // null when nothing is animated
 };
 
 }  // namespace frelta

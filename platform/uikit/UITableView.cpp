@@ -2,15 +2,16 @@
 
 #include <algorithm>
 
+#include "foundation/Log.h"
+#include "foundation/Platform.h"
 #include "uikit/UIAccessibilityState.h"
-#include "uikit/UILabel.h"
-#include "uikit/UITableViewMetrics.h"
 
 namespace frelta {
 
 namespace {
 // A page of settings is told whole; a list of thousands is told around what is seen.
 constexpr int kMostRowsReadAloud = 200;
+constexpr double kUpdateSeconds = 0.3;  // the platform's
 
 UIColor tableColor(UITableViewStyle style) {
   return style == UITableViewStyle::Plain ? UIColor::systemBackgroundColor()
@@ -22,6 +23,20 @@ UIColor rowColor(UITableViewStyle style) {
   return style == UITableViewStyle::Plain ? UIColor::systemBackgroundColor()
                                           : UIColor::secondarySystemGroupedBackgroundColor();
 }
+
+/// Notes that a cell is being made, for as long as it lives.
+class MakingCell {
+ public:
+  explicit MakingCell(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  ~MakingCell() { flag_ = before_; }
+  MakingCell(const MakingCell&) = delete;
+  MakingCell& operator=(const MakingCell&) = delete;
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
 }  // namespace
 
 double UITableViewDelegate::heightForRowAtIndexPath(UITableView&, IndexPath) {
@@ -64,9 +79,26 @@ CGRect UITableView::rectForRowAtIndexPath(IndexPath path) {
   return layout_.rectForRow(path);
 }
 
-void UITableView::scrollToRowAtIndexPath(IndexPath path) {
+void UITableView::scrollToRowAtIndexPath(IndexPath path, UITableViewScrollPosition position,
+                                         bool animated) {
   updateLayout();
-  if (layout_.contains(path)) scrollRectToVisible(layout_.rectForRow(path));
+  if (!layout_.contains(path)) return;
+  const CGRect row = layout_.rectForRow(path);
+  const double height = frame().size.height;
+  switch (position) {
+    case UITableViewScrollPosition::None:
+      scrollRectToVisible(row, animated);
+      break;
+    case UITableViewScrollPosition::Top:
+      setContentOffset({0, row.minY()}, animated);
+      break;
+    case UITableViewScrollPosition::Middle:
+      setContentOffset({0, row.midY() - height / 2}, animated);
+      break;
+    case UITableViewScrollPosition::Bottom:
+      setContentOffset({0, row.maxY() - height}, animated);
+      break;
+  }
 }
 
 std::unique_ptr<UITableViewCell> UITableView::dequeueReusableCellWithIdentifier(
@@ -87,6 +119,12 @@ std::vector<IndexPath> UITableView::indexPathsForVisibleRows() const {
   return paths;
 }
 
+std::vector<UITableViewCell*> UITableView::visibleCells() const {
+  std::vector<UITableViewCell*> cells;
+  for (const auto& [path, cell] : cells_) cells.push_back(cell);
+  return cells;
+}
+
 std::optional<IndexPath> UITableView::indexPathForCell(const UITableViewCell& cell) const {
   for (const auto& [path, known] : cells_) {
     if (known == &cell) return path;
@@ -94,17 +132,21 @@ std::optional<IndexPath> UITableView::indexPathForCell(const UITableViewCell& ce
   return std::nullopt;
 }
 
-void UITableView::selectRowAtIndexPath(std::optional<IndexPath> path) {
+void UITableView::selectRowAtIndexPath(std::optional<IndexPath> path, bool animated,
+                                       UITableViewScrollPosition position) {
   if (selectedRow_) {
     if (UITableViewCell* cell = cellForRowAtIndexPath(*selectedRow_)) cell->setSelected(false);
   }
   selectedRow_ = path;
   if (selectedRow_) {
     if (UITableViewCell* cell = cellForRowAtIndexPath(*selectedRow_)) cell->setSelected(true);
+    if (position != UITableViewScrollPosition::None) {
+      scrollToRowAtIndexPath(*selectedRow_, position, animated);
+    }
   }
 }
 
-void UITableView::deselectRowAtIndexPath(IndexPath path) {
+void UITableView::deselectRowAtIndexPath(IndexPath path, bool) {
   if (selectedRow_ == path) selectRowAtIndexPath(std::nullopt);
 }
 
@@ -113,13 +155,104 @@ void UITableView::userDidSelectRowAtIndexPath(IndexPath path) {
     closeSwipedRow();
     return;
   }
+  if (editing_ && !allowsSelectionDuringEditing_) return;
   if (delegate_) {
     const std::optional<IndexPath> allowed = delegate_->willSelectRowAtIndexPath(*this, path);
     if (!allowed) return;
     path = *allowed;
   }
+  const std::optional<IndexPath> before = selectedRow_;
   selectRowAtIndexPath(path);
-  if (delegate_) delegate_->didSelectRowAtIndexPath(*this, path);
+  if (!delegate_) return;
+  if (before && before != path) delegate_->didDeselectRowAtIndexPath(*this, *before);
+  delegate_->didSelectRowAtIndexPath(*this, path);
+}
+
+void UITableView::scrollViewDidScroll() {
+  closeSwipedRow();
+  setNeedsLayout();
+  if (delegate_) delegate_->scrollViewDidScroll(*this);
+}
+
+void UITableView::setEditing(bool editing, bool animated) {
+  if (editing == editing_) return;
+  editing_ = editing;
+  for (const auto& [path, cell] : cells_) describe(*cell, path);
+  if (animated) animateWithDuration(kUpdateSeconds, [this] { layoutIfNeeded(); });
+}
+
+void UITableView::setSeparatorColor(const UIColor& color) {
+  separatorColor_ = color;
+  for (const auto& [path, cell] : cells_) cell->setSeparatorColor(color);
+}
+
+void UITableView::beginUpdates() {
+  // What is shown before the updates must be what the data source said before them.
+  if (updateDepth_++ == 0 && !makingCell_) layoutIfNeeded();
+}
+
+void UITableView::endUpdates() {
+  if (updateDepth_ == 0 || --updateDepth_ > 0) return;
+  const UITableViewUpdates updates = std::exchange(updates_, {});
+  if (!makingCell_) {
+    if (!needsReload_) applyUpdates(updates);
+  } else if (!updates.areEmpty()) {
+    Platform::current().mainQueue->async([this, alive = lifetime()] {
+      if (!alive.expired()) reloadData();
+    });
+  }
+}
+
+void UITableView::moveRowAtIndexPath(IndexPath from, IndexPath to) {
+  beginUpdates();
+  updates_.moveRow(from, to);
+  endUpdates();
+}
+
+void UITableView::reloadSections(const std::vector<int>& sections) {
+  beginUpdates();
+  for (const int section : sections) updates_.reloadSection(section);
+  endUpdates();
+}
+
+std::vector<int> UITableView::rowsInSections() const {
+  std::vector<int> rows;
+  for (const UITableViewLayout::Section& section : layout_.sections()) {
+    rows.push_back(section.rows());
+  }
+  return rows;
+}
+
+void UITableView::applyUpdates(const UITableViewUpdates& updates) {
+  const std::vector<int> before = rowsInSections();
+  closeSwipedRow();
+  askForLayout();
+  if (!updates.lead(before, rowsInSections())) {
+    freltaLog("A table's rows are not what its updates lead to: it is reloaded");
+    reloadData();
+    return;
+  }
+  followUpdates(updates);
+  animateWithDuration(kUpdateSeconds, [this] {
+    setContentSize(layout_.contentSize());
+    layoutSubviews();
+  });
+}
+
+void UITableView::followUpdates(const UITableViewUpdates& updates) {
+  if (selectedRow_) selectedRow_ = updates.pathAfter(*selectedRow_);
+  std::vector<UITableViewCell*> leaving;
+  std::map<IndexPath, UITableViewCell*> staying;
+  for (const auto& [path, cell] : std::exchange(cells_, {})) {
+    if (const std::optional<IndexPath> after = updates.pathAfter(path)) {
+      staying[*after] = cell;
+    } else {
+      leaving.push_back(cell);
+    }
+  }
+  cells_ = std::move(staying);
+  recycle(leaving);
+  for (const auto& [path, cell] : cells_) describe(*cell, path);
 }
 
 UITableViewRowActions UITableView::rowActionsForRowAtIndexPath(IndexPath path) {
@@ -151,15 +284,20 @@ void UITableView::userDidPressRowAction(std::shared_ptr<UITableViewRowAction> ac
 }
 
 void UITableView::updateLayout() {
-  const double width = frame().size.width;
-  if (!needsReload_ && width == layoutWidth_) return;
+  if (!needsReload_ && frame().size.width == layoutWidth_) return;
   if (needsReload_) {
     // Every row is asked for anew; the cells wait in the pool for it.
     recycleRowsOutside(1, 0);
   }
   needsReload_ = false;
-  layoutWidth_ = width;
-  layout_.clear(width);
+  askForLayout();
+  if (selectedRow_ && !layout_.contains(*selectedRow_)) selectedRow_.reset();
+  setContentSize(layout_.contentSize());
+}
+
+void UITableView::askForLayout() {
+  layoutWidth_ = frame().size.width;
+  layout_.clear(layoutWidth_);
   const int sections = dataSource_ ? dataSource_->numberOfSectionsInTableView(*this) : 0;
   for (int section = 0; section < sections; ++section) {
     layout_.beginSection(dataSource_->titleForHeaderInSection(*this, section));
@@ -171,8 +309,6 @@ void UITableView::updateLayout() {
     layout_.endSection(dataSource_->titleForFooterInSection(*this, section));
   }
   layout_.finish();
-  if (selectedRow_ && !layout_.contains(*selectedRow_)) selectedRow_.reset();
-  setContentSize(layout_.contentSize());
 }
 
 double UITableView::rowMargin() const {
@@ -192,7 +328,7 @@ void UITableView::layoutSubviews() {
   const double minY = bounds().minY() - margin;
   const double maxY = bounds().maxY() + margin;
   addRowsWithin(minY, maxY);
-  placeTitles(minY, maxY);
+  titles_.place(layout_, minY, maxY);
   sortSubviews();
 }
 
@@ -204,6 +340,10 @@ void UITableView::recycleRowsOutside(double minY, double maxY) {
     if (!stays) leaving.push_back(entry.second);
     return !stays;
   });
+  recycle(leaving);
+}
+
+void UITableView::recycle(const std::vector<UITableViewCell*>& leaving) {
   // From the bottom up: the pool gives the last one first, so a reload finds each row its own cell
   // again, and the keyboard stays in its row.
   for (auto cell = leaving.rbegin(); cell != leaving.rend(); ++cell) {
@@ -217,71 +357,53 @@ void UITableView::addRowsWithin(double minY, double maxY) {
   const int sections = static_cast<int>(layout_.sections().size());
   for (int section = 0; section < sections; ++section) {
     const auto [first, last] = layout_.rowsBetween(section, minY, maxY);
-    const int rows = layout_.sections()[static_cast<std::size_t>(section)].rows();
     for (int row = first; row < last; ++row) {
       const IndexPath path{section, row};
       const CGRect rect = layout_.rectForRow(path);
       // What cannot be seen must not take the keyboard either.
       if (rect.size.height <= 0) continue;
       UITableViewCell* cell = cellForRowAtIndexPath(path);
-      if (!cell) {
-        cell = addSubview(dataSource_->cellForRowAtIndexPath(*this, path));
-        cells_[path] = cell;
-        if (!cell->backgroundColor()) cell->setBackgroundColor(rowColor(layout_.style()));
-      }
+      if (!cell) cell = makeCell(path, rect);
       cell->setFrame(rect);
       cell->setSelected(selectedRow_ == path);
-      cell->setEditable(dataSource_->canEditRowAtIndexPath(*this, path));
-      if (layout_.style() == UITableViewStyle::InsetGrouped) {
-        using Position = UITableViewCellGroupPosition;
-        cell->setGroupPosition(rows == 1         ? Position::Single
-                               : row == 0        ? Position::First
-                               : row == rows - 1 ? Position::Last
-                                                 : Position::Middle);
-      }
     }
   }
 }
 
-void UITableView::placeTitles(double minY, double maxY) {
-  const int sections = static_cast<int>(layout_.sections().size());
-  std::map<int, SectionViews> kept;
-  for (int index = 0; index < sections; ++index) {
-    const UITableViewLayout::Section& section = layout_.sections()[static_cast<std::size_t>(index)];
-    const double top = section.header.empty() ? section.edges.front() : section.headerFrame.minY();
-    const double bottom =
-        section.footer.empty() ? section.edges.back() : section.footerFrame.maxY();
-    if (bottom <= minY || top >= maxY) continue;
-    SectionViews views = titles_[index];
-    titles_.erase(index);
-    views.header = placeTitle(views.header, section.header, section.headerFrame, true);
-    views.footer = placeTitle(views.footer, section.footer, section.footerFrame, false);
-    kept[index] = views;
-  }
-  for (const auto& [index, views] : titles_) {
-    if (views.header) views.header->removeFromSuperview();
-    if (views.footer) views.footer->removeFromSuperview();
-  }
-  titles_ = std::move(kept);
+UITableViewCell* UITableView::makeCell(IndexPath path, const CGRect& frame) {
+  UITableViewCell* cell = nullptr;
+  const MakingCell making(makingCell_);
+  performWithoutAnimation([&] {
+    cell = addSubview(dataSource_->cellForRowAtIndexPath(*this, path));
+    cells_[path] = cell;
+    if (!cell->backgroundColor()) cell->setBackgroundColor(rowColor(layout_.style()));
+    cell->setFrame(frame);
+    describe(*cell, path);
+  });
+  return cell;
 }
 
-UILabel* UITableView::placeTitle(UILabel* label, const std::string& text, const CGRect& frame,
-                                 bool header) {
-  if (text.empty()) {
-    if (label) label->removeFromSuperview();
-    return nullptr;
+void UITableView::describe(UITableViewCell& cell, IndexPath path) {
+  cell.setEditable(dataSource_->canEditRowAtIndexPath(*this, path));
+  cell.setSeparatorColor(separatorColor_);
+  std::optional<UITableViewCellEditing> editing;
+  if (editing_) {
+    editing.emplace();
+    editing->showsReorderControl = dataSource_->canMoveRowAtIndexPath(*this, path);
+    if (delegate_) {
+      editing->style = delegate_->editingStyleForRowAtIndexPath(*this, path);
+      editing->indents = delegate_->shouldIndentWhileEditingRowAtIndexPath(*this, path);
+    }
   }
-  if (!label) {
-    auto made = std::make_unique<UILabel>();
-    made->setFont(UIFont::systemFontOfSize(UITableViewMetrics::kTitlePointSize));
-    made->setTextColor(UIColor::secondaryLabelColor());
-    made->setNumberOfLines(0);
-    if (header) made->setAccessibility({.role = UIAccessibility::Role::Heading});
-    label = addSubview(std::move(made));
+  cell.setEditing(editing);
+  if (layout_.style() == UITableViewStyle::InsetGrouped) {
+    using Position = UITableViewCellGroupPosition;
+    const int rows = layout_.sections()[static_cast<std::size_t>(path.section)].rows();
+    cell.setGroupPosition(rows == 1              ? Position::Single
+                          : path.row == 0        ? Position::First
+                          : path.row == rows - 1 ? Position::Last
+                                                 : Position::Middle);
   }
-  label->setText(text);
-  label->setFrame(frame);
-  return label;
 }
 
 void UITableView::sortSubviews() {

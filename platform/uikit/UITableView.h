@@ -9,42 +9,22 @@
 #include "uikit/IndexPath.h"
 #include "uikit/UIScrollView.h"
 #include "uikit/UITableViewCell.h"
+#include "uikit/UITableViewDataSource.h"
+#include "uikit/UITableViewDelegate.h"
 #include "uikit/UITableViewLayout.h"
 #include "uikit/UITableViewReusePool.h"
-#include "uikit/UITableViewRowAction.h"
+#include "uikit/UITableViewTitles.h"
+#include "uikit/UITableViewUpdates.h"
 
 namespace frelta {
 
-class UITableView;
-
-/// Tells a table what it shows.
-class UITableViewDataSource {
- public:
-  virtual ~UITableViewDataSource() = default;
-  virtual int numberOfSectionsInTableView(UITableView&) { return 1; }
-  virtual int numberOfRowsInSection(UITableView&, int section) = 0;
-  /// A cell for the row, new or dequeued from the table, filled. Never null.
-  virtual std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView&, IndexPath) = 0;
-  /// Whether a swipe on the row brings out the delegate's actions.
-  virtual bool canEditRowAtIndexPath(UITableView&, IndexPath) { return false; }
-  /// Empty for none.
-  virtual std::string titleForHeaderInSection(UITableView&, int) { return {}; }
-  virtual std::string titleForFooterInSection(UITableView&, int) { return {}; }
-};
-
-/// Decides and learns what happens in a table.
-class UITableViewDelegate {
- public:
-  virtual ~UITableViewDelegate() = default;
-  /// Height of the row in points; asked once for each reload.
-  virtual double heightForRowAtIndexPath(UITableView&, IndexPath);
-  /// The row to select in place of that one, or nothing to refuse.
-  virtual std::optional<IndexPath> willSelectRowAtIndexPath(UITableView&, IndexPath path) {
-    return path;
-  }
-  virtual void didSelectRowAtIndexPath(UITableView&, IndexPath) {}
-  /// The row's actions, the one at the trailing edge first; asked when they are to be shown.
-  virtual UITableViewRowActions editActionsForRowAtIndexPath(UITableView&, IndexPath) { return {}; }
+/// The platform's scroll positions, with its values.
+enum class UITableViewScrollPosition {
+  /// As little as makes the row visible; for a selection, not at all.
+  None = 0,
+  Top = 1,
+  Middle = 2,
+  Bottom = 3,
 };
 
 /// Rows in sections. Only rows on and near the screen have cells; the others' are reused.
@@ -73,15 +53,50 @@ class UITableView : public UIScrollView {
   /// Rows that have cells, in order.
   std::vector<IndexPath> indexPathsForVisibleRows() const;
   std::optional<IndexPath> indexPathForCell(const UITableViewCell& cell) const;
+  /// The cells of rows on or near the screen, in order. Owned by the table.
+  std::vector<UITableViewCell*> visibleCells() const;
   /// In content coordinates.
   CGRect rectForRowAtIndexPath(IndexPath path);
-  void scrollToRowAtIndexPath(IndexPath path);
+  /// Nothing for a row that there is not.
+  void scrollToRowAtIndexPath(IndexPath path,
+                              UITableViewScrollPosition position = UITableViewScrollPosition::None,
+                              bool animated = false);
+
+  /// Between the two, rows are moved and sections reloaded while the data source changes; at the
+  /// end the rows and their heights are asked for anew, and the cells, which keep to their rows,
+  /// move to their new places in the platform's 0.3 seconds. May be nested; the outermost pair
+  /// counts. When the new rows are not what the updates lead to, the table is reloaded and says so
+  /// in the log. Updates made while the table asks for a cell wait for the queue's next turn and
+  /// are a reload; where nothing was moved or reloaded, they are nothing.
+  void beginUpdates();
+  void endUpdates();
+  /// From a place before the updates to one after them. On its own it is an update of one move.
+  void moveRowAtIndexPath(IndexPath from, IndexPath to);
+  /// Asks the sections' rows anew, without animation. On its own it is an update.
+  void reloadSections(const std::vector<int>& sections);
+
+  /// Rows then have what the data source and the delegate say of editing. Off at first.
+  bool isEditing() const { return editing_; }
+  void setEditing(bool editing, bool animated = false);
+  /// Whether rows can be tapped while the table is being edited. Off at first.
+  bool allowsSelectionDuringEditing() const { return allowsSelectionDuringEditing_; }
+  void setAllowsSelectionDuringEditing(bool allows) { allowsSelectionDuringEditing_ = allows; }
+  /// About how high a row is, points; 0 for not known, as at first. All heights are asked for at
+  /// once here, so nothing stands on it.
+  double estimatedRowHeight() const { return estimatedRowHeight_; }
+  void setEstimatedRowHeight(double height) { estimatedRowHeight_ = height; }
+  /// Of the lines between rows; a clear colour is none.
+  const UIColor& separatorColor() const { return separatorColor_; }
+  void setSeparatorColor(const UIColor& color);
 
   std::optional<IndexPath> indexPathForSelectedRow() const { return selectedRow_; }
-  /// Neither asks nor tells the delegate.
-  void selectRowAtIndexPath(std::optional<IndexPath> path);
-  void deselectRowAtIndexPath(IndexPath path);
-  /// What a tap on a row does: asks the delegate, selects, tells the delegate.
+  /// Neither asks nor tells the delegate. Nothing selects no row. A row's looks change at once,
+  /// animated or not; the scrolling is animated.
+  void selectRowAtIndexPath(std::optional<IndexPath> path, bool animated = false,
+                            UITableViewScrollPosition position = UITableViewScrollPosition::None);
+  void deselectRowAtIndexPath(IndexPath path, bool animated = false);
+  /// What a tap on a row does: asks the delegate, selects, tells the delegate of the row that lost
+  /// the selection and of the one that has it.
   void userDidSelectRowAtIndexPath(IndexPath path);
 
   /// The actions of a row that can be edited; none for any other.
@@ -98,24 +113,25 @@ class UITableView : public UIScrollView {
   void layoutSubviews() override;
 
  protected:
-  void scrollViewDidScroll() override {
-    closeSwipedRow();
-    setNeedsLayout();
-  }
+  void scrollViewDidScroll() override;
 
  private:
-  struct SectionViews {
-    UILabel* header = nullptr;
-    UILabel* footer = nullptr;
-  };
-
   void updateLayout();
+  /// Asks for the sections, their rows and heights.
+  void askForLayout();
+  std::vector<int> rowsInSections() const;
+  void applyUpdates(const UITableViewUpdates& updates);
+  /// Keeps the cells of rows that stay, by their new places; the others' wait for reuse.
+  void followUpdates(const UITableViewUpdates& updates);
   /// How far beyond the edges rows have cells, points.
   double rowMargin() const;
   void recycleRowsOutside(double minY, double maxY);
   void addRowsWithin(double minY, double maxY);
-  void placeTitles(double minY, double maxY);
-  UILabel* placeTitle(UILabel* label, const std::string& text, const CGRect& frame, bool header);
+  /// Gives up the cells to the pool.
+  void recycle(const std::vector<UITableViewCell*>& leaving);
+  UITableViewCell* makeCell(IndexPath path, const CGRect& frame);
+  /// Tells the cell what the data source and the delegate say of its row.
+  void describe(UITableViewCell& cell, IndexPath path);
   void sortSubviews();
 
   UITableViewLayout layout_;
@@ -124,9 +140,16 @@ class UITableView : public UIScrollView {
   UITableViewDelegate* delegate_ = nullptr;
   bool needsReload_ = true;
   double layoutWidth_ = -1;
+  int updateDepth_ = 0;
+  UITableViewUpdates updates_;
+  bool makingCell_ = false;
+  bool editing_ = false;
+  bool allowsSelectionDuringEditing_ = false;
+  double estimatedRowHeight_ = 0;
+  UIColor separatorColor_ = UIColor::separatorColor();
   // Subviews of the table, by what they show.
   std::map<IndexPath, UITableViewCell*> cells_;
-  std::map<int, SectionViews> titles_;
+  UITableViewTitles titles_{*this};
   std::optional<IndexPath> selectedRow_;
   std::optional<IndexPath> swipedRow_;
 };

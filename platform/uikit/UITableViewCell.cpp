@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace frelta {
 
@@ -12,6 +13,8 @@ constexpr double kVerticalMargin = 11;
 constexpr double kGap = 8;
 constexpr double kDisclosureWidth = 8;
 constexpr double kCheckmarkWidth = 16;
+constexpr double kEditingIndent = 38;
+constexpr double kReorderWidth = 22;
 constexpr double kSmallTextSize = 13;
 constexpr double kSubtitleGap = 2;
 // A detail gives way to its title, but not below this share of the row.
@@ -70,6 +73,27 @@ void UITableViewCell::setRowActions(UITableViewRowActions actions) {
   didChange();
 }
 
+void UITableViewCell::setEditing(std::optional<UITableViewCellEditing> editing) {
+  if (editing == editing_) return;
+  editing_ = editing;
+  if (editing_ && editing_->showsReorderControl) {
+    if (!reorderControl_) {
+      reorderControl_ = addSubview(std::make_unique<UITableViewCellReorderControl>(
+          CGRect(0, 0, kReorderWidth, frame().size.height)));
+    }
+  } else if (reorderControl_) {
+    std::exchange(reorderControl_, nullptr)->removeFromSuperview();
+  }
+  setNeedsLayout();
+  didChange();
+}
+
+void UITableViewCell::setSeparatorColor(const UIColor& color) {
+  if (color == separatorColor_) return;
+  separatorColor_ = color;
+  didChange();
+}
+
 void UITableViewCell::setGroupPosition(UITableViewCellGroupPosition position) {
   if (position == groupPosition_) return;
   groupPosition_ = position;
@@ -80,7 +104,12 @@ double UITableViewCell::separatorInset() const {
   return kMargin;
 }
 
+double UITableViewCell::leadingEdge() const {
+  return editing_ && editing_->indents ? kEditingIndent : 0;
+}
+
 double UITableViewCell::trailingEdge(double width) const {
+  if (reorderControl_) width -= kMargin + kReorderWidth - kGap;
   if (accessoryView_) return width - accessoryView_->frame().size.width - kGap;
   switch (accessoryType_) {
     case UITableViewCellAccessoryType::None:
@@ -114,7 +143,8 @@ UITableViewCell::TextSizes UITableViewCell::textSizes(double width) const {
 }
 
 CGSize UITableViewCell::sizeThatFits(CGSize size) const {
-  const auto [text, detail] = textSizes(std::max(0.0, trailingEdge(size.width) - 2 * kMargin));
+  const auto [text, detail] =
+      textSizes(std::max(0.0, trailingEdge(size.width) - leadingEdge() - 2 * kMargin));
   const double height = style_ == UITableViewCellStyle::Subtitle && detail.height > 0
                             ? text.height + kSubtitleGap + detail.height
                             : std::max(text.height, detail.height);
@@ -123,16 +153,23 @@ CGSize UITableViewCell::sizeThatFits(CGSize size) const {
 
 void UITableViewCell::layoutSubviews() {
   const CGSize size = frame().size;
+  double edge = size.width;
+  if (reorderControl_) {
+    edge -= kMargin + kReorderWidth - kGap;
+    reorderControl_->setFrame(
+        {size.width - kMargin - kReorderWidth, 0, kReorderWidth, size.height});
+  }
   if (accessoryView_) {
     CGRect accessory = accessoryView_->frame();
-    accessory.origin.x = size.width - kMargin - accessory.size.width;
+    accessory.origin.x = edge - kMargin - accessory.size.width;
     // On whole points: half ones blur the edges.
     accessory.origin.y = std::floor((size.height - accessory.size.height) / 2);
     accessoryView_->setFrame(accessory);
   }
   const double trailing = trailingEdge(size.width);
-  contentView_->setFrame({0, 0, std::max(0.0, trailing), size.height});
-  layoutTexts({kMargin, 0, std::max(0.0, trailing - 2 * kMargin), size.height});
+  const double width = std::max(0.0, trailing - leadingEdge());
+  contentView_->setFrame({leadingEdge(), 0, width, size.height});
+  layoutTexts({kMargin, 0, std::max(0.0, width - 2 * kMargin), size.height});
 }
 
 void UITableViewCell::layoutTexts(const CGRect& area) {

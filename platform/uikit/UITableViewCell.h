@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "uikit/UILabel.h"
+#include "uikit/UITableViewCellReorderControl.h"
 #include "uikit/UITableViewRowAction.h"
 #include "uikit/UIView.h"
 
@@ -18,6 +20,16 @@ enum class UITableViewCellStyle {
 
 enum class UITableViewCellAccessoryType { None, DisclosureIndicator, Checkmark };
 enum class UITableViewCellSelectionStyle { None, Default };
+enum class UITableViewCellEditingStyle { None = 0, Delete = 1, Insert = 2 };
+
+/// How a cell stands in a table that is being edited.
+struct UITableViewCellEditing {
+  UITableViewCellEditingStyle style = UITableViewCellEditingStyle::None;
+  /// Whether the contents make room at the leading edge.
+  bool indents = false;
+  bool showsReorderControl = false;
+  bool operator==(const UITableViewCellEditing&) const = default;
+};
 
 /// Where a cell stands in the card that an inset grouped table draws behind a section's rows.
 enum class UITableViewCellGroupPosition { Plain, Single, First, Middle, Last };
@@ -53,9 +65,17 @@ class UITableViewCell : public UIView {
   const UITableViewRowActions& rowActions() const { return rowActions_; }
   void setRowActions(UITableViewRowActions actions);
 
+  /// Nothing while the table is not being edited. Set by the table.
+  const std::optional<UITableViewCellEditing>& editing() const { return editing_; }
+  bool isEditing() const { return editing_.has_value(); }
+  void setEditing(std::optional<UITableViewCellEditing> editing);
+
   UITableViewCellGroupPosition groupPosition() const { return groupPosition_; }
   /// Where the separator below the cell starts, points from the leading edge.
   double separatorInset() const;
+  /// A clear colour is none. Set by the table.
+  const UIColor& separatorColor() const { return separatorColor_; }
+  void setSeparatorColor(const UIColor& color);
   /// For the table.
   void setGroupPosition(UITableViewCellGroupPosition position);
 
@@ -76,6 +96,7 @@ class UITableViewCell : public UIView {
     CGSize detail;
   };
   TextSizes textSizes(double width) const;
+  double leadingEdge() const;
   double trailingEdge(double width) const;
   void layoutTexts(const CGRect& area);
 
@@ -87,10 +108,13 @@ class UITableViewCell : public UIView {
   bool selected_ = false;
   bool editable_ = false;
   UITableViewRowActions rowActions_;
+  std::optional<UITableViewCellEditing> editing_;
+  UIColor separatorColor_ = UIColor::separatorColor();
   UIView* contentView_ = nullptr;
   UILabel* textLabel_ = nullptr;
   UILabel* detailTextLabel_ = nullptr;
   UIView* accessoryView_ = nullptr;
+  UITableViewCellReorderControl* reorderControl_ = nullptr;
 };
 
 }  // namespace frelta

@@ -28,11 +28,18 @@ void resizeAxis(double& origin, double& length, double oldTotal, double newTotal
 }  // namespace
 
 UIView::~UIView() {
+  lifetime_.reset();
+  if (animated_) {
+    animated_->frame.stop();
+    animated_->alpha.stop();
+    animated_->backgroundColor.stop();
+  }
   if (observer_) observer_->viewWillBeDestroyed(*this);
 }
 
 void UIView::setFrame(const CGRect& frame) {
   if (frame == frame_) return;
+  if (auto* animated = animatedProperties()) animated->frame.modelWillChange(this->frame());
   const CGSize oldSize = frame_.size;
   frame_ = frame;
   if (frame.size != oldSize) {
@@ -72,6 +79,7 @@ void UIView::setBoundsOrigin(CGPoint origin) {
 void UIView::setAlpha(double alpha) {
   alpha = std::clamp(alpha, 0.0, 1.0);
   if (alpha == alpha_) return;
+  if (auto* animated = animatedProperties()) animated->alpha.modelWillChange(alpha_);
   alpha_ = alpha;
   didChange();
 }
@@ -84,6 +92,9 @@ void UIView::setHidden(bool hidden) {
 
 void UIView::setBackgroundColor(std::optional<UIColor> color) {
   if (color == backgroundColor_) return;
+  if (auto* animated = animatedProperties()) {
+    animated->backgroundColor.modelWillChange(backgroundColor_);
+  }
   backgroundColor_ = color;
   didChange();
 }
@@ -97,6 +108,12 @@ void UIView::setClipsToBounds(bool clips) {
 void UIView::setCornerRadius(double radius) {
   if (radius == cornerRadius_) return;
   cornerRadius_ = radius;
+  didChange();
+}
+
+void UIView::setMaskLayer(std::optional<CAShapeLayer> mask) {
+  if (mask == maskLayer_) return;
+  maskLayer_ = mask;
   didChange();
 }
 
@@ -118,6 +135,7 @@ std::unique_ptr<UIView> UIView::removeFromSuperview() {
   std::unique_ptr<UIView> self = std::move(*found);
   parent.subviews_.erase(found);
   superview_ = nullptr;
+  stopAnimations();
   parent.setNeedsLayout();
   if (parent.observer_) parent.observer_->viewDidChangeSubviews(parent);
   didMoveToSuperview();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -8,7 +9,9 @@
 
 #include "graphics/CGGeometry.h"
 #include "graphics/UIColor.h"
+#include "uikit/CAShapeLayer.h"
 #include "uikit/UIGestureRecognizer.h"
+#include "uikit/UIViewAnimation.h"
 
 namespace frelta {
 
@@ -65,26 +68,57 @@ class UIView {
   /// In the superview's coordinates, points.
   virtual CGRect frame() const { return frame_; }
   /// Resizes the subviews by their autoresizing masks and asks for layout when the size changes.
+  /// Can be animated.
   virtual void setFrame(const CGRect& frame);
   /// In the view's own coordinates.
   CGRect bounds() const { return {boundsOrigin_, frame().size}; }
   CGPoint center() const { return {frame().midX(), frame().midY()}; }
-  /// Moves the view; its size stays.
+  /// Moves the view; its size stays. Can be animated.
   void setCenter(CGPoint center);
 
   double alpha() const { return alpha_; }
+  /// Can be animated.
   void setAlpha(double alpha);
   bool isHidden() const { return hidden_; }
   void setHidden(bool hidden);
-  /// Nothing is drawn behind the view when there is no colour.
+  /// Nothing is drawn behind the view when there is no colour. Can be animated.
   const std::optional<UIColor>& backgroundColor() const { return backgroundColor_; }
   void setBackgroundColor(std::optional<UIColor> color);
   bool clipsToBounds() const { return clipsToBounds_; }
   void setClipsToBounds(bool clips);
   double cornerRadius() const { return cornerRadius_; }
   void setCornerRadius(double radius);
+  /// What of the view's background is drawn; all of it when there is none.
+  const std::optional<CAShapeLayer>& maskLayer() const { return maskLayer_; }
+  void setMaskLayer(std::optional<CAShapeLayer> mask);
   unsigned autoresizingMask() const { return autoresizingMask_; }
   void setAutoresizingMask(unsigned mask) { autoresizingMask_ = mask; }
+
+  /// Runs the block now. What it sets of frames, centres, alphas and background colours holds for
+  /// the model at once; what is shown comes from what was shown before to it in that many seconds,
+  /// along the platform's ease-in-ease-out curve. Without a length, or while animations are off,
+  /// it is shown at once and the completion called before this returns.
+  ///
+  /// The completion is called once, by the main queue: with true when the time is over, also when
+  /// the block changed nothing; with false as soon as a later change takes over one of the
+  /// properties that the block changed, in a block of its own or not, or one of their views leaves
+  /// its superview or goes. The properties that were not taken over run on. Setting a property to
+  /// the value that it has is no change. What the completion refers to may be gone by then: see
+  /// lifetime(). Blocks may be nested; each has its own length and completion. When the block
+  /// throws, what it had changed is animated, and nothing completes.
+  static void animateWithDuration(double seconds, const std::function<void()>& animations,
+                                  std::function<void(bool finished)> completion = {});
+  /// Runs the block now; animations in it have no length.
+  static void performWithoutAnimation(const std::function<void()>& actions);
+  /// While animations are off all of them have no length. They are on at first.
+  static bool areAnimationsEnabled();
+  static void setAnimationsEnabled(bool areEnabled);
+  /// What is shown now.
+  UIViewPresentation presentation() const;
+  /// Whether what is shown is on its way to the model's values.
+  bool isAnimating() const;
+  /// Expires when the view goes: for work that refers to the view and runs later.
+  std::weak_ptr<const void> lifetime() const { return lifetime_; }
 
   UIView* superview() const { return superview_; }
   std::span<const std::unique_ptr<UIView>> subviews() const { return subviews_; }
@@ -149,6 +183,10 @@ class UIView {
 
  private:
   void resizeWithOldSuperviewSize(CGSize oldSize);
+  /// Where to tell of a change of the model; null when it concerns no animation.
+  UIViewAnimatedProperties* animatedProperties();
+  /// Of this view and all below it.
+  void stopAnimations();
 
   CGRect frame_;
   CGPoint boundsOrigin_;
@@ -160,12 +198,15 @@ class UIView {
   bool needsLayout_ = true;
   bool subtreeNeedsLayout_ = true;
   std::optional<UIColor> backgroundColor_;
-  UIView* superview_ = nullptr;  // owns this view
+  std::optional<CAShapeLayer> maskLayer_;
+  std::unique_ptr<UIViewAnimatedProperties> animated_;  // null when nothing was animated
+  UIView* superview_ = nullptr;                         // owns this view
   std::vector<std::unique_ptr<UIView>> subviews_;
   std::vector<std::unique_ptr<UIGestureRecognizer>> gestureRecognizers_;
   UIAccessibility accessibility_;
   std::string accessibilityIdentifier_;
   UIViewObserver* observer_ = nullptr;  // not owned
+  std::shared_ptr<const void> lifetime_ = std::make_shared<char>();
 };
 
 }  // namespace frelta
