@@ -19,7 +19,8 @@ void PillItem::paint(QPainter* painter) {
   const bool outlined = outline_.alpha() > 0;
   const double inset = outlined ? kOutlineWidth / 2 : 0;
   const QRectF box = QRectF(0, 0, width(), height()).adjusted(inset, inset, -inset, -inset);
-  const double radius = std::min(box.width(), box.height()) / 2;
+  const double most = std::min(box.width(), box.height()) / 2;
+  const double radius = radius_ < 0 ? most : std::min(radius_, most);
   painter->setPen(outlined ? QPen(outline_, kOutlineWidth) : QPen(Qt::NoPen));
   painter->setBrush(color_);
   painter->drawRoundedRect(box, radius, radius);

@@ -1,22 +1,34 @@
 #include "quick/QuickWindow.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointerEvent>
-#include <QStyleHints>
 #include <algorithm>
 #include <cmath>
-#include <utility>
+#include <ranges>
 
 #include "quick/EventGuard.h"
 #include "uikit/UIAccessibilityState.h"
 
 namespace frelta {
 
+namespace {
+
+UITableView* frontTable(UIView& view) {
+  if (view.isHidden()) return nullptr;
+  if (auto* table = dynamic_cast<UITableView*>(&view)) return table;
+  for (const auto& subview : view.subviews() | std::views::reverse) {
+    if (UITableView* table = frontTable(*subview)) return table;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
 QuickWindow::QuickWindow(std::shared_ptr<UIViewController> root, Appearance& appearance)
     : appearance_(appearance),
       uiWindow_(std::make_unique<UIWindow>()),
-      column_(new QQuickItem(contentItem())) {
+      column_(new QQuickItem(contentItem())),
+      gestures_(*uiWindow_, *column_) {
   uiWindow_->setRootViewController(std::move(root));
   mirror_ = std::make_unique<ViewMirror>(*uiWindow_, *column_);
   useAppearance();
@@ -49,55 +61,12 @@ void QuickWindow::useAppearance() {
 }
 
 bool QuickWindow::event(QEvent* event) {
-  if (event->isPointerEvent()) watchForTap(static_cast<const QPointerEvent&>(*event));
-  return QQuickWindow::event(event);
-}
-
-void QuickWindow::watchForTap(const QPointerEvent& event) {
-  if (event.pointCount() != 1) {
-    pressed_.reset();
-    return;
-  }
-  const QPointF point = event.points().constFirst().scenePosition();
-  const auto* mouse = dynamic_cast<const QMouseEvent*>(&event);
-  switch (event.type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::TouchBegin:
-      pressed_.reset();
-      if (!mouse || mouse->button() == Qt::LeftButton) pressed_ = point;
-      break;
-    case QEvent::MouseMove:
-    case QEvent::TouchUpdate:
-      if (pressed_ && (point - *pressed_).manhattanLength() >=
-                          QGuiApplication::styleHints()->startDragDistance()) {
-        pressed_.reset();
-      }
-      break;
-    case QEvent::MouseButtonRelease:
-    case QEvent::TouchEnd:
-      if (std::exchange(pressed_, std::nullopt)) deliverTap(point);
-      break;
-    default:
-      break;
-  }
-}
-
-// To the innermost view at the point that watches for taps. What the items make of the same release
-// comes after it.
-void QuickWindow::deliverTap(QPointF point) {
-  const CGSize size = uiWindow_->frame().size;
-  double x = std::clamp(point.x() - column_->x(), 0.0, std::max(0.0, size.width - 1));
-  if (mirror_->isRightToLeft()) x = size.width - x;
-  UIView* hit = uiWindow_->hitTest({x, point.y()});
-  // A tap into the field that is being edited is for the field alone.
-  if (hit && hit->isFirstResponder()) return;
-  for (UIView* view = hit; view; view = view->superview()) {
-    for (const auto& recognizer : view->gestureRecognizers()) {
-      if (!dynamic_cast<UITapGestureRecognizer*>(recognizer.get())) continue;
-      guardEvent([&] { recognizer->recognize(); });
-      return;
-    }
-  }
+  if (!event->isPointerEvent()) return QQuickWindow::event(event);
+  const auto& pointer = static_cast<const QPointerEvent&>(*event);
+  gestures_.watch(pointer);
+  const bool taken = QQuickWindow::event(event);
+  gestures_.noteGrabber(pointer);
+  return taken;
 }
 
 void QuickWindow::resizeEvent(QResizeEvent* event) {
@@ -114,9 +83,55 @@ void QuickWindow::layoutColumn() {
   mirror_->flush();
 }
 
+UIView* QuickWindow::focusedView() const {
+  for (QQuickItem* item = activeFocusItem(); item; item = item->parentItem()) {
+    if (const auto* node = item->property("node").value<ViewNode*>()) return node->view();
+  }
+  return nullptr;
+}
+
+UITableView* QuickWindow::tableForKeys() const {
+  for (UIView* view = focusedView(); view; view = view->superview()) {
+    if (auto* table = dynamic_cast<UITableView*>(view)) return table;
+  }
+  const auto screens = uiWindow_->subviews();
+  return screens.empty() ? nullptr : frontTable(*screens.back());
+}
+
+bool QuickWindow::scrollByKey(int key) {
+  UITableView* table = tableForKeys();
+  if (!table) return false;
+  // What was the last row stays in sight.
+  const double page = std::max(1.0, table->frame().size.height - UITableView::kDefaultRowHeight);
+  CGPoint offset = table->targetContentOffset();
+  switch (key) {
+    case Qt::Key_PageUp:
+      offset.y -= page;
+      break;
+    case Qt::Key_PageDown:
+      offset.y += page;
+      break;
+    case Qt::Key_Home:
+      offset.y = 0;
+      break;
+    case Qt::Key_End:
+      offset.y = table->contentSize().height;
+      break;
+    default:
+      return false;
+  }
+  guardEvent([&] { table->setContentOffset(offset, true); });
+  return true;
+}
+
 void QuickWindow::keyPressEvent(QKeyEvent* event) {
   QQuickWindow::keyPressEvent(event);
   if (event->isAccepted()) return;
+  if (event->key() == Qt::Key_Menu && Gestures::performLongPress(focusedView())) return;
+  if (scrollByKey(event->key())) {
+    event->accept();
+    return;
+  }
   const bool altLeft = event->key() == Qt::Key_Left && event->modifiers() == Qt::AltModifier;
   if (back_ && (altLeft || event->key() == Qt::Key_Escape || event->key() == Qt::Key_Back)) {
     guardEvent(back_);

@@ -4,10 +4,11 @@
 #include <QQuickWindow>
 #include <functional>
 #include <memory>
-#include <optional>
 
 #include "quick/Appearance.h"
+#include "quick/Gestures.h"
 #include "quick/ViewMirror.h"
+#include "uikit/UITableView.h"
 #include "uikit/UIWindow.h"
 
 namespace frelta {
@@ -41,15 +42,18 @@ class QuickWindow : public QQuickWindow, private QAccessible::ActivationObserver
   void accessibilityActiveChanged(bool active) override;
   void layoutColumn();
   void useAppearance();
-  void watchForTap(const QPointerEvent& event);
-  void deliverTap(QPointF point);
+  /// The view whose item, or one in it, has the keyboard; null when none has.
+  UIView* focusedView() const;
+  /// What the keyboard scrolls: the table that has it, or the front-most one.
+  UITableView* tableForKeys() const;
+  bool scrollByKey(int key);
 
   Appearance& appearance_;
   std::unique_ptr<UIWindow> uiWindow_;
   QQuickItem* column_;  // owned by the content item
+  Gestures gestures_;
   std::unique_ptr<ViewMirror> mirror_;
   std::function<void()> back_;
-  std::optional<QPointF> pressed_;  // where a tap may have begun
 };
 
 }  // namespace frelta

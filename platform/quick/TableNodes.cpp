@@ -62,7 +62,8 @@ void CellNode::syncContents() {
   const Position position = cell.groupPosition();
   roundedTop_ = position == Position::First || position == Position::Single;
   roundedBottom_ = position == Position::Last || position == Position::Single;
-  separator_ = !roundedBottom_;
+  separatorColor_ = mirror().theme().resolve(cell.separatorColor());
+  separator_ = !roundedBottom_ && separatorColor_.alpha() > 0;
   separatorInset_ = cell.separatorInset();
   disclosure_ = !cell.accessoryView() &&
                 cell.accessoryType() == UITableViewCellAccessoryType::DisclosureIndicator;
@@ -70,8 +71,10 @@ void CellNode::syncContents() {
       !cell.accessoryView() && cell.accessoryType() == UITableViewCellAccessoryType::Checkmark;
   selectable_ = cell.selectionStyle() != UITableViewCellSelectionStyle::None;
   const UIAccessibility accessibility = cell.accessibility();
-  focusable_ = accessibility.isElement && accessibility.role != UIAccessibility::Role::StaticText &&
-               accessibility.role != UIAccessibility::Role::Heading;
+  using Role = UIAccessibility::Role;
+  focusable_ = accessibility.role == Role::Group ||
+               (accessibility.isElement && accessibility.role != Role::StaticText &&
+                accessibility.role != Role::Heading);
   selected_ = cell.isSelected();
   mirrored_ = mirror().isRightToLeft();
   editable_ = cell.isEditable();
@@ -83,7 +86,6 @@ void CellNode::syncContents() {
 }
 
 void CellNode::tap() {
-  if (!selectable_) return;
   withRow(*this,
           [](UITableView& table, IndexPath path) { table.userDidSelectRowAtIndexPath(path); });
 }

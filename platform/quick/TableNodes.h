@@ -10,6 +10,12 @@
 
 namespace frelta {
 
+class ReorderControlNode : public ViewNode {
+ public:
+  using ViewNode::ViewNode;
+  QString looks() const override { return QStringLiteral("ReorderControl"); }
+};
+
 class TableNode : public ViewNode {
   Q_OBJECT
   QML_ELEMENT
@@ -47,6 +53,7 @@ class CellNode : public ViewNode {
   Q_PROPERTY(bool roundedTop MEMBER roundedTop_ NOTIFY changed)
   Q_PROPERTY(bool roundedBottom MEMBER roundedBottom_ NOTIFY changed)
   Q_PROPERTY(bool separator MEMBER separator_ NOTIFY changed)
+  Q_PROPERTY(QColor separatorColor MEMBER separatorColor_ NOTIFY changed)
   Q_PROPERTY(double separatorInset MEMBER separatorInset_ NOTIFY changed)
   Q_PROPERTY(bool disclosure MEMBER disclosure_ NOTIFY changed)
   Q_PROPERTY(bool checkmark MEMBER checkmark_ NOTIFY changed)
@@ -91,6 +98,7 @@ class CellNode : public ViewNode {
   bool roundedTop_ = false;
   bool roundedBottom_ = false;
   bool separator_ = true;
+  QColor separatorColor_;
   double separatorInset_ = 0;
   bool disclosure_ = false;
   bool checkmark_ = false;

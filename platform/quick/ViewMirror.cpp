@@ -7,10 +7,12 @@
 #include "quick/AlertNode.h"
 #include "quick/ControlNodes.h"
 #include "quick/EventGuard.h"
+#include "quick/ImageNode.h"
 #include "quick/TableNodes.h"
 #include "quick/TextNodes.h"
 #include "quick/TextViewNode.h"
 #include "uikit/UINavigationBar.h"
+#include "uikit/UITableViewCellReorderControl.h"
 
 namespace frelta {
 
@@ -70,6 +72,7 @@ std::unique_ptr<ViewNode> ViewMirror::makeNode(UIView& view) {
   if (auto* v = dynamic_cast<UITableView*>(&view)) return std::make_unique<TableNode>(*v, *this);
   if (auto* v = dynamic_cast<UITableViewCell*>(&view)) return std::make_unique<CellNode>(*v, *this);
   if (auto* v = dynamic_cast<UILabel*>(&view)) return std::make_unique<LabelNode>(*v, *this);
+  if (auto* v = dynamic_cast<UIImageView*>(&view)) return std::make_unique<ImageNode>(*v, *this);
   if (auto* v = dynamic_cast<UIButton*>(&view)) return std::make_unique<ButtonNode>(*v, *this);
   if (auto* v = dynamic_cast<UISwitch*>(&view)) return std::make_unique<SwitchNode>(*v, *this);
   if (auto* v = dynamic_cast<UISegmentedControl*>(&view)) {
@@ -84,6 +87,9 @@ std::unique_ptr<ViewNode> ViewMirror::makeNode(UIView& view) {
   if (auto* v = dynamic_cast<UITextView*>(&view)) return std::make_unique<TextViewNode>(*v, *this);
   if (auto* v = dynamic_cast<UIAlertControllerView*>(&view)) {
     return std::make_unique<AlertNode>(*v, *this);
+  }
+  if (auto* v = dynamic_cast<UITableViewCellReorderControl*>(&view)) {
+    return std::make_unique<ReorderControlNode>(*v, *this);
   }
   return std::make_unique<ViewNode>(view, *this);
 }
@@ -118,6 +124,7 @@ void ViewMirror::markDirty(ViewNode& node) {
 void ViewMirror::forget(ViewNode& node) {
   nodes_.remove(&node);
   orphans_.remove(&node);
+  animated_.remove(&node);
   std::erase(dirty_, &node);
 }
 
@@ -139,12 +146,17 @@ void ViewMirror::layoutTables() {
   }
 }
 
+void ViewMirror::advanceAnimations() {
+  for (ViewNode* node : std::exchange(animated_, {})) node->viewDidChange(*node->view());
+}
+
 void ViewMirror::flush() {
   if (flushing_) return;
   flushScheduled_ = false;
   // A window that has no size yet would lay everything out for nothing.
   if (root_.frame().size == CGSize()) return;
   flushing_ = true;
+  advanceAnimations();
   for (int pass = 0; pass < kMaximumPasses; ++pass) {
     guardEvent([this] { root_.layoutIfNeeded(); });
     if (pass > 0 && dirty_.empty()) break;
@@ -160,6 +172,7 @@ void ViewMirror::flush() {
   }
   flushing_ = false;
   if (!dirty_.empty()) scheduleFlush();
+  if (!animated_.isEmpty() && rootItem_.window()) rootItem_.window()->update();
 }
 
 }  // namespace frelta

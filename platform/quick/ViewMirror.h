@@ -8,6 +8,7 @@
 #include <memory>
 #include <vector>
 
+#include "quick/ImageTextures.h"
 #include "quick/Theme.h"
 #include "quick/ViewNode.h"
 #include "uikit/UIView.h"
@@ -37,7 +38,11 @@ class ViewMirror : public QObject {
   QQuickItem* makeItem(ViewNode& node);
   bool isMirrorItem(QQuickItem* item) const { return items_.contains(item); }
 
+  ImageTextures& textures() { return textures_; }
+
   void markDirty(ViewNode& node);
+  /// Has the node synchronised for each frame until what its view shows stands still.
+  void followAnimation(ViewNode& node) { animated_.insert(&node); }
   void forget(ViewNode& node);
   /// The node's view is gone; the node goes when the event at hand has been handled, for it may be
   /// its item that handles it.
@@ -52,6 +57,7 @@ class ViewMirror : public QObject {
   void sideMarginChanged();
 
  private:
+  void advanceAnimations();
   std::unique_ptr<ViewNode> makeNode(UIView& view);
   QQmlComponent& componentFor(const QString& looks);
 
@@ -62,8 +68,10 @@ class ViewMirror : public QObject {
   QHash<QString, QQmlComponent*> components_;  // owned by the engine
   QSet<QQuickItem*> items_;                    // alive, owned by their nodes
   QSet<ViewNode*> nodes_;
-  QSet<ViewNode*> orphans_;  // waiting for their deletion
+  QSet<ViewNode*> orphans_;   // waiting for their deletion
+  QSet<ViewNode*> animated_;  // of nodes_
   std::vector<ViewNode*> dirty_;
+  ImageTextures textures_;
   double sideMargin_ = 0;
   bool flushScheduled_ = false;
   bool flushing_ = false;

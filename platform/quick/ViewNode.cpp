@@ -87,39 +87,57 @@ void ViewNode::syncChildren() {
 void ViewNode::sync() {
   dirty_ = false;
   if (!view_) return;
-  backgroundColor_ = view_->backgroundColor() ? mirror_.theme().resolve(*view_->backgroundColor())
-                                              : QColor(Qt::transparent);
+  const std::optional<UIColor> color = view_->presentation().backgroundColor;
+  backgroundColor_ = color ? mirror_.theme().resolve(*color) : QColor(Qt::transparent);
   cornerRadius_ = view_->cornerRadius();
+  masked_ = view_->maskLayer().has_value();
   syncAccessibility();
   syncContents();
   if (item_) syncGeometry();
+  if (view_->isAnimating()) mirror_.followAnimation(*this);
   Q_EMIT changed();
 }
 
+void ViewNode::syncMask() {
+  const std::optional<CAShapeLayer>& mask = view_->maskLayer();
+  if (!mask) {
+    delete maskedBox_;
+    return;
+  }
+  if (!maskedBox_) maskedBox_ = new MaskedBoxItem(item_);
+  maskedBox_->show(backgroundColor_, *mask, item_->size());
+}
+
 void ViewNode::syncAccessibility() {
+  using Role = UIAccessibility::Role;
   const UIAccessibility accessibility = view_->accessibility();
   bool insideElement = false;
   for (const UIView* above = view_->superview(); above && !insideElement;
        above = above->superview()) {
-    insideElement = above->accessibility().isElement;
+    const UIAccessibility outer = above->accessibility();
+    // A group that has a name says with it what the texts in it say.
+    const bool namedGroup = outer.role == Role::Group && !outer.label.empty();
+    insideElement = outer.isElement || (namedGroup && accessibility.role == Role::StaticText);
   }
-  const bool container = accessibility.role == UIAccessibility::Role::Group;
+  const bool container = accessibility.role == Role::Group;
   accessibleIgnored_ =
       view_->isHidden() || insideElement || !(accessibility.isElement || container);
   accessibleRole_ = accessibleRole(accessibility.role);
   QString name = QString::fromStdString(accessibility.label);
-  if (!accessibility.value.empty())
-    name += QStringLiteral(", ") + QString::fromStdString(accessibility.value);
+  const QString value = QString::fromStdString(accessibility.value);
+  accessibleDescription_ = container ? value : QString();
+  if (!container && !value.isEmpty()) name += QStringLiteral(", ") + value;
   accessibleName_ = name;
   accessibleCheckable_ = accessibility.role == UIAccessibility::Role::Switch || accessibility.on;
   accessibleChecked_ = accessibility.on;
 }
 
 void ViewNode::syncGeometry() {
-  const CGRect frame = view_->frame();
+  const UIViewPresentation shown = view_->presentation();
+  const CGRect& frame = shown.frame;
   double x = frame.minX();
   if (mirror_.isRightToLeft() && view_->superview()) {
-    x = view_->superview()->bounds().size.width - frame.maxX();
+    x = view_->superview()->presentation().frame.size.width - frame.maxX();
   }
   item_->setPosition({x, frame.minY()});
   const bool isNewWidth = item_->width() != frame.size.width;
@@ -128,9 +146,10 @@ void ViewNode::syncGeometry() {
     // The subviews keep their distance to the other edge.
     for (const auto& subview : view_->subviews()) mirror_.nodeFor(*subview).viewDidChange(*subview);
   }
-  item_->setOpacity(view_->alpha());
+  item_->setOpacity(shown.alpha);
   item_->setVisible(!view_->isHidden());
   item_->setClip(clips());
+  syncMask();
 }
 
 // A node that is dirty already is in the mirror's list, or has no item yet and is synced with it.

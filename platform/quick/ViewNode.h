@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include "quick/MaskedBoxItem.h"
 #include "quick/Theme.h"
 #include "uikit/UIView.h"
 
@@ -23,9 +24,11 @@ class ViewNode : public QObject, public UIViewObserver {
   Q_PROPERTY(Theme* theme READ theme CONSTANT)
   Q_PROPERTY(QColor backgroundColor MEMBER backgroundColor_ NOTIFY changed)
   Q_PROPERTY(double cornerRadius MEMBER cornerRadius_ NOTIFY changed)
+  Q_PROPERTY(bool masked MEMBER masked_ NOTIFY changed)
   Q_PROPERTY(bool accessibleIgnored MEMBER accessibleIgnored_ NOTIFY changed)
   Q_PROPERTY(int accessibleRole MEMBER accessibleRole_ NOTIFY changed)
   Q_PROPERTY(QString accessibleName MEMBER accessibleName_ NOTIFY changed)
+  Q_PROPERTY(QString accessibleDescription MEMBER accessibleDescription_ NOTIFY changed)
   Q_PROPERTY(bool accessibleCheckable MEMBER accessibleCheckable_ NOTIFY changed)
   Q_PROPERTY(bool accessibleChecked MEMBER accessibleChecked_ NOTIFY changed)
 
@@ -65,6 +68,7 @@ class ViewNode : public QObject, public UIViewObserver {
  private:
   friend class ViewMirror;
   void syncAccessibility();
+  void syncMask();
   void syncGeometry();
   void syncChildren();
 
@@ -76,9 +80,12 @@ class ViewNode : public QObject, public UIViewObserver {
 
   QColor backgroundColor_ = Qt::transparent;
   double cornerRadius_ = 0;
+  bool masked_ = false;
+  QPointer<MaskedBoxItem> maskedBox_;  // in the item, which owns it; null while nothing is masked
   bool accessibleIgnored_ = true;
   int accessibleRole_ = 0;
   QString accessibleName_;
+  QString accessibleDescription_;
   bool accessibleCheckable_ = false;
   bool accessibleChecked_ = false;
 };

@@ -43,6 +43,10 @@ void UIScrollView::moveTo(CGPoint offset) {
   scrollViewDidScroll();
 }
 
+CGPoint UIScrollView::targetContentOffset() const {
+  return scrolling_ ? clamped(scrolling_->to) : contentOffset();
+}
+
 void UIScrollView::setContentOffset(CGPoint offset, bool animated) {
   scrolling_.reset();
   if (!animated || !areAnimationsEnabled() || clamped(offset) == contentOffset()) {

@@ -20,6 +20,8 @@ class UIScrollView : public UIView {
   /// Shows that point at the top left, kept within the content. Animated, the content moves there
   /// on the main queue's clock, until something else scrolls it.
   void setContentOffset(CGPoint offset, bool animated = false);
+  /// Where the content is, or is being moved to.
+  CGPoint targetContentOffset() const;
   /// Scrolls as little as makes the rectangle (content coordinates) visible.
   void scrollRectToVisible(const CGRect& rect, bool animated = false);
   /// The user scrolled to there; calls scrollViewDidScroll.

@@ -6,6 +6,7 @@ T.AbstractButton {
     id: button
 
     required property ButtonNode node
+    readonly property bool filled: node.backgroundColor.a > 0
 
     enabled: node.enabled
     text: node.title
@@ -19,13 +20,27 @@ T.AbstractButton {
     Accessible.name: node.accessibleName
     Accessible.onPressAction: node.press()
 
-    background: FocusRing {
-        shown: button.visualFocus
-        theme: button.node.theme
-        radius: 8
+    background: Item {
+        Loader {
+            anchors.fill: parent
+            active: button.filled
+            sourceComponent: Pill {
+                color: button.node.backgroundColor
+                radius: button.node.cornerRadius
+                opacity: button.enabled ? button.pressed ? 0.6 : 1 : 0.3
+            }
+        }
+        FocusRing {
+            anchors.fill: parent
+            // Beside a fill of its own colour the ring would not show.
+            anchors.margins: button.filled ? -4 : 0
+            shown: button.visualFocus
+            theme: button.node.theme
+            radius: button.filled ? button.node.cornerRadius + 4 : 8
+        }
     }
     contentItem: Item {
-        opacity: button.enabled ? button.pressed ? 0.4 : 1 : 0.3
+        opacity: button.enabled ? button.pressed ? button.filled ? 0.6 : 0.4 : 1 : 0.3
 
         Glyph {
             id: chevron

@@ -48,6 +48,7 @@ FocusItem {
     Accessible.ignored: node.accessibleIgnored
     Accessible.role: node.accessibleRole
     Accessible.name: node.accessibleName
+    Accessible.description: node.accessibleDescription
     Accessible.checkable: node.accessibleCheckable
     Accessible.checked: node.accessibleChecked
     Accessible.focusable: node.focusable
@@ -98,7 +99,7 @@ FocusItem {
             height: 1
             // The software renderer rounds a rectangle's own size up to whole points.
             transform: Scale { yScale: cell.hairline }
-            color: cell.node.theme.separator
+            color: cell.node.separatorColor
         }
         Glyph {
             visible: cell.node.disclosure
