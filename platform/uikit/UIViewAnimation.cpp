@@ -37,7 +37,7 @@ double easeInEaseOut(double time) {
   double low = 0;
   double high = 1;
   double t = time;
-  for (int step = 0; step < 40; ++step) {
+  for (int step = 0; step < 52; ++step) {
     t = (low + high) / 2;
     const double x = coordinate(0.42, 0.58, t);
     if (x == time) break;
