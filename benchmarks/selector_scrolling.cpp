@@ -13,12 +13,12 @@
 #include <ctime>
 #include <functional>
 
-#include "SyntheticCards.h"
 #include "fake/FakePlatform.h"
 #include "graphics/GraphicsServices.h"
 #include "painting/QtImageServices.h"
 #include "quick/QtTextMeasurer.h"
 #include "quick/QuickWindow.h"
+#include "tests/quick/SyntheticCards.h"
 #include "uikit/UIKitServices.h"
 
 using namespace frelta;

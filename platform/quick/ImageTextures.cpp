@@ -15,6 +15,8 @@ QImage qtImage(const UIImage& image) {
           qsizetype{4} * image.pixelWidth(), QImage::Format_RGBA8888_Premultiplied};
 }
 
+using ImageAndTexture = std::pair<std::shared_ptr<const UIImage>, std::unique_ptr<QSGTexture>>;
+
 }  // namespace
 
 std::shared_ptr<QSGTexture> ImageTextures::textureFor(const std::shared_ptr<const UIImage>& image,
@@ -29,9 +31,10 @@ std::shared_ptr<QSGTexture> ImageTextures::textureFor(const std::shared_ptr<cons
   } else {
     picture = picture.copy();
   }
-  const std::shared_ptr<QSGTexture> texture(
-      window.createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel),
-      [image](QSGTexture* unused) { delete unused; });
+  const auto pair = std::make_shared<ImageAndTexture>(
+      image, std::unique_ptr<QSGTexture>(
+                 window.createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel)));
+  const std::shared_ptr<QSGTexture> texture(pair, pair->second.get());
   known = texture;
   std::erase_if(textures_, [](const auto& entry) { return entry.second.expired(); });
   return texture;

@@ -197,7 +197,7 @@ void UITableViewCell::layoutTexts(const CGRect& area) {
 
 UIAccessibility UITableViewCell::accessibility() const {
   UIAccessibility accessibility = UIView::accessibility();
-  accessibility.isElement = true;
+  accessibility.isElement = accessibility.role != UIAccessibility::Role::Group;
   if (accessibility.role == UIAccessibility::Role::None) {
     accessibility.role = selectionStyle_ == UITableViewCellSelectionStyle::None
                              ? UIAccessibility::Role::StaticText

@@ -84,7 +84,8 @@ class UITableViewCell : public UIView {
   void layoutSubviews() override;
   /// The given width, and the height that the texts need in it with the platform's margins.
   CGSize sizeThatFits(CGSize size) const override;
-  /// One element with the texts of its labels, unless a control inside speaks for itself.
+  /// One element with the texts of its labels. A cell that is given the role of a group is none:
+  /// controls in it speak for themselves, and its label stands for the texts in it.
   UIAccessibility accessibility() const override;
   /// What a press by keyboard or assistive technology does. True when the cell took it; otherwise
   /// the row is selected.

@@ -124,6 +124,8 @@ void UIView::insertSubview(std::unique_ptr<UIView> view, std::size_t index) {
   raw->superview_ = this;
   setNeedsLayout();
   if (observer_) observer_->viewDidChangeSubviews(*this);
+  // What it is read as may come from views in it that were filled anew meanwhile.
+  raw->didChange();
   raw->didMoveToSuperview();
 }
 

@@ -45,7 +45,9 @@ enum UIViewAutoresizing : unsigned {
 struct UIAccessibility {
   enum class Role { None, StaticText, Heading, Button, Switch, Group, Link, Cell };
 
-  /// Whether the view is one element; its subviews are then hidden from assistive technology.
+  /// Whether the view is one element; its subviews are then hidden from assistive technology. A
+  /// group is none, it holds some: its label is its name, which the texts in it need not repeat,
+  /// and its value its description.
   bool isElement = false;
   Role role = Role::None;
   std::string label = {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,6 +21,7 @@ class SyntheticCard : public UITableViewCell {
 
   explicit SyntheticCard(double width) : UITableViewCell(UITableViewCellStyle::Default, "card") {
     setSelectionStyle(UITableViewCellSelectionStyle::None);
+    setFrame({0, 0, width, kHeight});
     auto* row = addSubview(std::make_unique<UIView>(CGRect(0, 0, width, kHeight)));
     row->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
     auto* card = row->addSubview(std::make_unique<UIView>(CGRect(7.5, 7.5, width - 15, 115)));
@@ -45,7 +47,9 @@ class SyntheticCard : public UITableViewCell {
     button_->setTitleFont(UIFont::boldSystemFontOfSize(16));
   }
 
-  void show(std::string title, std::shared_ptr<const UIImage> icon) {
+  UIButton& button() { return *button_; }
+
+  void show(const std::string& title, std::shared_ptr<const UIImage> icon) {
     icon_->setImage(std::move(icon));
     title_->setText(title);
     title_->sizeToFit();
@@ -65,7 +69,7 @@ class SyntheticCard : public UITableViewCell {
   UIButton* button_;
 };
 
-/// That many cards, whose pictures are read each time one comes on screen.
+/// That many cards, whose pictures are read each time one comes on screen; no files, no pictures.
 class SyntheticCards : public UIViewController,
                        public UITableViewDataSource,
                        public UITableViewDelegate {
@@ -75,6 +79,8 @@ class SyntheticCards : public UIViewController,
 
   UITableView& table() { return static_cast<UITableView&>(view()); }
   int cellsMade = 0;
+  /// Of the first card.
+  int number = 0;
 
   int numberOfRowsInSection(UITableView&, int) override { return cards_; }
   double heightForRowAtIndexPath(UITableView&, IndexPath) override {
@@ -86,12 +92,12 @@ class SyntheticCards : public UIViewController,
     if (!cell) {
       ++cellsMade;
       cell = std::make_unique<SyntheticCard>(table.frame().size.width);
-      cell->setFrame({0, 0, table.frame().size.width, SyntheticCard::kHeight});
     }
     const auto row = static_cast<std::size_t>(path.row);
     static_cast<SyntheticCard&>(*cell).show(
-        "Style number " + std::to_string(row),
-        UIImage::imageWithContentsOfFile(pictures_[row % pictures_.size()]));
+        "Style number " + std::to_string(number + path.row),
+        pictures_.empty() ? nullptr
+                          : UIImage::imageWithContentsOfFile(pictures_[row % pictures_.size()]));
     return cell;
   }
 
