@@ -1,6 +1,5 @@
 #include "foundation/Base64.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -20,18 +19,42 @@ constexpr std::array<std::uint8_t, 256> makeSixBitValues() {
 }
 constexpr std::array<std::uint8_t, 256> kSixBitValues = makeSixBitValues();
 
+/// Up to three bytes become one digit more.
+template <std::size_t kBytes>
+void encodeGroup(const char* bytes, char* digits) {
+  std::uint32_t group = 0;
+  for (std::size_t i = 0; i < 3; ++i)
+    group = group << 8 | (i < kBytes ? static_cast<unsigned char>(bytes[i]) : 0u);
+  for (std::size_t i = 0; i <= kBytes; ++i) digits[i] = kAlphabet[group >> (18 - 6 * i) & 0x3F];
+}
+
+/// Up to four digits become one byte less. False when one is no digit or bits are left over.
+template <std::size_t kDigits>
+bool decodeGroup(const char* digits, char* bytes) {
+  std::uint32_t group = 0;
+  std::uint32_t seen = 0;
+  for (std::size_t i = 0; i < 4; ++i) {
+    const std::uint32_t value =
+        i < kDigits ? kSixBitValues[static_cast<unsigned char>(digits[i])] : 0u;
+    seen |= value;
+    group = group << 6 | value;
+  }
+  constexpr std::uint32_t kUnused = kDigits == 4 ? 0 : kDigits == 3 ? 0xFF : 0xFFFF;
+  if (seen > 0x3F || group & kUnused) return false;
+  for (std::size_t i = 0; i + 1 < kDigits; ++i)
+    bytes[i] = static_cast<char>(group >> (16 - 8 * i) & 0xFF);
+  return true;
+}
+
 }  // namespace
 
 std::string base64EncodedString(std::string_view bytes) {
   std::string text((bytes.size() + 2) / 3 * 4, '=');
-  auto out = text.begin();
-  for (std::size_t i = 0; i < bytes.size(); i += 3) {
-    const std::size_t count = std::min<std::size_t>(3, bytes.size() - i);
-    std::uint32_t group = 0;
-    for (std::size_t j = 0; j < 3; ++j)
-      group = group << 8 | (j < count ? static_cast<unsigned char>(bytes[i + j]) : 0u);
-    for (std::size_t j = 0; j <= count; ++j) *out++ = kAlphabet[group >> (18 - 6 * j) & 0x3F];
-  }
+  const char* in = bytes.data();
+  char* out = text.data();
+  for (std::size_t i = bytes.size() / 3; i > 0; --i, in += 3, out += 4) encodeGroup<3>(in, out);
+  if (bytes.size() % 3 == 1) encodeGroup<1>(in, out);
+  if (bytes.size() % 3 == 2) encodeGroup<2>(in, out);
   return text;
 }
 
@@ -42,21 +65,15 @@ std::optional<std::string> dataFromBase64String(std::string_view text) {
 
   const std::size_t digits = text.size() - padding;
   std::string bytes(text.size() / 4 * 3 - padding, '\0');
-  auto out = bytes.begin();
-  for (std::size_t i = 0; i < digits; i += 4) {
-    const std::size_t count = std::min<std::size_t>(4, digits - i);
-    std::uint32_t group = 0;
-    for (std::size_t j = 0; j < 4; ++j) {
-      const std::uint8_t value =
-          j < count ? kSixBitValues[static_cast<unsigned char>(text[i + j])] : 0;
-      if (value == kOutside) return std::nullopt;
-      group = group << 6 | value;
-    }
-    const std::uint32_t unused = count == 4 ? 0 : count == 3 ? 0xFF : 0xFFFF;
-    if (group & unused) return std::nullopt;
-    for (std::size_t j = 0; j + 1 < count; ++j)
-      *out++ = static_cast<char>(group >> (16 - 8 * j) & 0xFF);
+  const char* in = text.data();
+  char* out = bytes.data();
+  for (std::size_t i = digits / 4; i > 0; --i, in += 4, out += 3) {
+    if (!decodeGroup<4>(in, out)) return std::nullopt;
   }
+  const bool tail = digits % 4 == 0   ? true
+                    : digits % 4 == 3 ? decodeGroup<3>(in, out)
+                                      : decodeGroup<2>(in, out);
+  if (!tail) return std::nullopt;
   return bytes;
 }
 

@@ -5,17 +5,13 @@
 #include <stdexcept>
 
 #include "foundation/UTF8.h"
+#include "linux/AsciiSet.h"
 
 namespace frelta {
 namespace {
 
-/// How many characters from the position on are ASCII and stand for themselves.
-std::size_t plainRun(std::string_view text, std::size_t position) {
-  const auto isPlain = [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; };
-  std::size_t end = position;
-  while (end < text.size() && isPlain(text[end])) ++end;
-  return end - position;
-}
+/// ASCII that stands for itself.
+constexpr AsciiSet kPlain = AsciiSet::printableWithout("\"\\");
 
 /// Writes a value, one call operator a type.
 class Writer {
@@ -41,7 +37,7 @@ class Writer {
   void operator()(const std::string& text) {
     out_ += '"';
     for (std::size_t position = 0; position < text.size();) {
-      if (const std::size_t length = plainRun(text, position)) {
+      if (const std::size_t length = kPlain.lengthAt(text, position)) {
         out_.append(text, position, length);
         position += length;
         continue;
@@ -105,7 +101,10 @@ class Writer {
     newLine();
   }
 
-  void newLine() { out_.append(1, '\n').append(level_ * 2, ' '); }
+  void newLine() {
+    out_ += '\n';
+    out_.append(level_ * 2, ' ');
+  }
 
   void escape(char32_t value, std::string_view bytes) {
     switch (value) {

@@ -4,7 +4,8 @@
 
 namespace frelta {
 
-/// Read with nlohmann's SAX parser, written here.
+/// Reader and writer are our own: 64-bit integers stay whole, depth and size have limits, and a
+/// megabyte takes milliseconds.
 class LinuxJSONSerialization : public JSONSerialization {
  public:
   std::optional<PropertyListValue> objectWithData(std::string_view bytes) const override;

@@ -15,11 +15,11 @@ bool PropertyListBuilder::setKey(std::string key) {
   return true;
 }
 
-bool PropertyListBuilder::add(PropertyListValue value) {
+bool PropertyListBuilder::add(PropertyListValue&& value) {
   return countNode() && place(std::move(value));
 }
 
-bool PropertyListBuilder::open(PropertyListValue emptyContainer) {
+bool PropertyListBuilder::open(PropertyListValue&& emptyContainer) {
   if (depthLeft_ == 0 || !countNode()) return false;
   --depthLeft_;
   containers_.push_back({std::move(emptyContainer), std::nullopt});
@@ -45,7 +45,7 @@ bool PropertyListBuilder::countNode() {
   return true;
 }
 
-bool PropertyListBuilder::place(PropertyListValue value) {
+bool PropertyListBuilder::place(PropertyListValue&& value) {
   if (containers_.empty()) {
     if (result_) return false;
     result_ = std::move(value);

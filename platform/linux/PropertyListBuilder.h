@@ -19,7 +19,7 @@ class PropertyListBuilder {
   /// The key of the value that comes next in the innermost container, a dictionary.
   bool setKey(std::string key);
   /// A value that is whole. Of duplicate keys the last wins.
-  bool add(PropertyListValue value);
+  bool add(PropertyListValue&& value);
   bool openArray() { return open(Array()); }
   bool openDictionary() { return open(Dictionary()); }
   /// Ends the innermost container.
@@ -35,9 +35,9 @@ class PropertyListBuilder {
     std::optional<std::string> key;
   };
 
-  bool open(PropertyListValue emptyContainer);
+  bool open(PropertyListValue&& emptyContainer);
   bool countNode();
-  bool place(PropertyListValue value);
+  bool place(PropertyListValue&& value);
 
   std::size_t depthLeft_;
   std::size_t nodesLeft_;

@@ -2,6 +2,7 @@
 
 #include <expat.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -14,7 +15,9 @@
 namespace frelta {
 namespace {
 
-constexpr std::string_view kSpace = " \t\r\n";
+bool isSpace(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
 
 enum class Element {
   Plist,
@@ -42,7 +45,7 @@ std::optional<Element> elementNamed(std::string_view name) {
 }
 
 std::optional<PropertyListValue> dataFromText(std::string& text) {
-  std::erase_if(text, [](char c) { return c == '\n' || c == '\t' || c == ' ' || c == '\r'; });
+  std::erase_if(text, isSpace);
   std::optional<std::string> bytes = dataFromBase64String(text);
   if (!bytes) return std::nullopt;
   return Data{std::move(*bytes)};
@@ -114,7 +117,7 @@ class Reader {
     if (leaf_)
       text_ += text;
     else
-      require(text.find_first_not_of(kSpace) == std::string_view::npos);
+      require(std::ranges::all_of(text, isSpace));
   }
 
   bool finishLeaf(Element element) {

@@ -5,6 +5,7 @@
 #include "foundation/Base64.h"
 #include "foundation/PropertyListSerialization.h"
 #include "foundation/UTF8.h"
+#include "linux/AsciiSet.h"
 #include "linux/PropertyListScalars.h"
 
 namespace frelta {
@@ -18,15 +19,8 @@ constexpr std::string_view kHeader =
 constexpr std::string_view kFooter = "</plist>\n";
 constexpr std::size_t kBase64LineLength = 76;
 
-/// How many characters from the position on are ASCII and stand for themselves.
-std::size_t plainRun(std::string_view text, std::size_t position) {
-  const auto isPlain = [](char c) {
-    return c >= ' ' && c <= '~' && c != '&' && c != '<' && c != '>';
-  };
-  std::size_t end = position;
-  while (end < text.size() && isPlain(text[end])) ++end;
-  return end - position;
-}
+/// ASCII that stands for itself.
+constexpr AsciiSet kPlain = AsciiSet::printableWithout("&<>");
 
 /// Writes a value, one call operator a type; each is false when the form cannot hold the value.
 class Writer {
@@ -36,11 +30,17 @@ class Writer {
 
   bool operator()(Null) { return false; }
   bool operator()(bool value) { return line(value ? "<true/>" : "<false/>"); }
-  bool operator()(std::int64_t value) { return element("integer", std::to_string(value)); }
-  bool operator()(std::uint64_t value) { return element("integer", std::to_string(value)); }
-  bool operator()(double value) { return element("real", textFromReal(value)); }
-  bool operator()(const std::string& text) { return textElement("string", text); }
-  bool operator()(Date date) { return isInRange(date) && element("date", textFromDate(date)); }
+  bool operator()(std::int64_t value) {
+    return element("<integer>", std::to_string(value), "</integer>\n");
+  }
+  bool operator()(std::uint64_t value) {
+    return element("<integer>", std::to_string(value), "</integer>\n");
+  }
+  bool operator()(double value) { return element("<real>", textFromReal(value), "</real>\n"); }
+  bool operator()(const std::string& text) { return textElement("<string>", text, "</string>\n"); }
+  bool operator()(Date date) {
+    return isInRange(date) && element("<date>", textFromDate(date), "</date>\n");
+  }
   bool operator()(const Data& data) {
     line("<data>");
     const std::string text = base64EncodedString(data.bytes);
@@ -60,7 +60,8 @@ class Writer {
     return open("<dict>") &&
            std::all_of(dictionary.begin(), dictionary.end(),
                        [this](const auto& entry) {
-                         return textElement("key", entry.first) && write(entry.second);
+                         return textElement("<key>", entry.first, "</key>\n") &&
+                                write(entry.second);
                        }) &&
            close("</dict>");
   }
@@ -85,29 +86,21 @@ class Writer {
     return true;
   }
 
-  bool element(std::string_view name, std::string_view content) {
-    startTag(name);
-    out_ += content;
-    return endTag(name);
+  bool element(std::string_view start, std::string_view content, std::string_view end) {
+    out_.append(depth_, '\t').append(start).append(content).append(end);
+    return true;
   }
 
-  bool textElement(std::string_view name, std::string_view text) {
-    startTag(name);
-    return escape(text) && endTag(name);
-  }
-
-  void startTag(std::string_view name) {
-    out_.append(depth_, '\t').append("<").append(name) += '>';
-  }
-
-  bool endTag(std::string_view name) {
-    out_.append("</").append(name).append(">\n");
+  bool textElement(std::string_view start, std::string_view text, std::string_view end) {
+    out_.append(depth_, '\t').append(start);
+    if (!escape(text)) return false;
+    out_ += end;
     return true;
   }
 
   bool escape(std::string_view text) {
     for (std::size_t position = 0; position < text.size();) {
-      if (const std::size_t length = plainRun(text, position)) {
+      if (const std::size_t length = kPlain.lengthAt(text, position)) {
         out_.append(text.substr(position, length));
         position += length;
         continue;

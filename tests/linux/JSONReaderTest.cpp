@@ -48,6 +48,19 @@ TEST(JSONReader, OtherNumbersAreDoubles) {
   EXPECT_EQ(readJSON("-9223372036854775809"), PropertyListValue(-9223372036854775808.0));
 }
 
+TEST(JSONReader, NumbersTooSmallForDoubleAreZero) {
+  EXPECT_EQ(readJSON("1e-400"), PropertyListValue(0.0));
+  EXPECT_EQ(readJSON("-1e-400"), PropertyListValue(-0.0));
+  EXPECT_EQ(readJSON("0." + std::string(400, '0') + "1"), PropertyListValue(0.0));
+  EXPECT_EQ(readJSON("5e-324"), PropertyListValue(5e-324));
+}
+
+TEST(JSONReader, PassesOverAByteOrderMarkAtTheStartOnly) {
+  EXPECT_EQ(readJSON("\xEF\xBB\xBF[1]"), PropertyListValue(Array{1}));
+  EXPECT_EQ(readJSON("[\xEF\xBB\xBF 1]"), std::nullopt);
+  EXPECT_EQ(readJSON(" \xEF\xBB\xBF[1]"), std::nullopt);
+}
+
 TEST(JSONReader, RefusesNumbersBeyondDouble) {
   for (const std::string& text : {"1e999"s, "-1e400"s, "[1e99999999999]"s, std::string(400, '9')})
     EXPECT_EQ(readJSON(text), std::nullopt) << text;
@@ -68,10 +81,11 @@ TEST(JSONReader, RefusesADocumentTruncatedAtAnyByte) {
 
 TEST(JSONReader, RefusesWhatIsNotJSON) {
   for (const char* text :
-       {"",         " ",       "{}{}",      "[] x",     "1 2", "[1,]", "{\"a\":1,}", "{a:1}",
-        "'a'",      "{1:2}",   "[1 2]",     "01",       "+1",  ".5",   "1.",         "0x1",
-        "1e",       "-",       "NaN",       "Infinity", "nul", "True", "// c\n1",    "/* c */ 1",
-        "\"a\nb\"", "\"\\x\"", "\"\\u12\"", "\"",       "[",   "]",    "{\"a\"}"})
+       {"",          " ",       "{}{}",      "[] x",     "1 2",     "[1,]",        "{\"a\":1,}",
+        "{a:1}",     "'a'",     "{1:2}",     "[1 2]",    "01",      "+1",          ".5",
+        "1.",        "0x1",     "1e",        "-",        "NaN",     "Infinity",    "nul",
+        "True",      "// c\n1", "/* c */ 1", "\"a\nb\"", "\"\\x\"", "\"\\u-001\"", "\"\\u00 1\"",
+        "\"\\u12\"", "\"",      "[",         "]",        "{\"a\"}"})
     EXPECT_EQ(readJSON(text), std::nullopt) << text;
 }
 
