@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 #include <algorithm>
+#include <utility>
 
 #include "quick/AlertNode.h"
 #include "quick/ControlNodes.h"
@@ -45,9 +46,22 @@ ViewMirror::~ViewMirror() {
 void ViewMirror::setStyle(UserInterfaceStyle style) {
   if (style == theme_.style()) return;
   theme_.setStyle(style);
+  syncAll();
+}
+
+void ViewMirror::syncAll() {
   // Rows that come with new colours make new nodes.
   const QSet<ViewNode*> nodes = nodes_;
   for (ViewNode* node : nodes) node->sync();
+}
+
+const UIView* ViewMirror::frontLayer() const {
+  return root_.subviews().empty() ? nullptr : root_.subviews().back().get();
+}
+
+bool ViewMirror::isReachable(const UIView& view) const {
+  const UIView* front = frontLayer();
+  return front && view.isDescendantOfView(*front);
 }
 
 bool ViewMirror::isRightToLeft() const {
@@ -160,6 +174,7 @@ void ViewMirror::flush() {
   for (int pass = 0; pass < kMaximumPasses; ++pass) {
     guardEvent([this] { root_.layoutIfNeeded(); });
     if (pass > 0 && dirty_.empty()) break;
+    if (std::exchange(shownFrontLayer_, frontLayer()) != frontLayer()) syncAll();
     // An item being made or set may answer with further changes.
     std::vector<ViewNode*> dirty;
     dirty.swap(dirty_);

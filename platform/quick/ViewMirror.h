@@ -34,6 +34,10 @@ class ViewMirror : public QObject {
   double sideMargin() const { return sideMargin_; }
   void setSideMargin(double margin);
 
+  /// Whether the view is in the front-most of the window's layers; an alert keeps assistive
+  /// technology from what it covers.
+  bool isReachable(const UIView& view) const;
+
   ViewNode& nodeFor(UIView& view);
   QQuickItem* makeItem(ViewNode& node);
   bool isMirrorItem(QQuickItem* item) const { return items_.contains(item); }
@@ -59,6 +63,9 @@ class ViewMirror : public QObject {
  private:
   void advanceAnimations();
   std::unique_ptr<ViewNode> makeNode(UIView& view);
+  void syncAll();
+  /// Null for an empty window.
+  const UIView* frontLayer() const;
   QQmlComponent& componentFor(const QString& looks);
 
   UIView& root_;
@@ -72,6 +79,7 @@ class ViewMirror : public QObject {
   QSet<ViewNode*> animated_;  // of nodes_
   std::vector<ViewNode*> dirty_;
   ImageTextures textures_;
+  const UIView* shownFrontLayer_ = nullptr;  // at the last flush; it may be gone
   double sideMargin_ = 0;
   bool flushScheduled_ = false;
   bool flushing_ = false;

@@ -120,8 +120,9 @@ void ViewNode::syncAccessibility() {
     insideElement = outer.isElement || (namedGroup && accessibility.role == Role::StaticText);
   }
   const bool container = accessibility.role == Role::Group;
-  accessibleIgnored_ =
-      view_->isHidden() || insideElement || !(accessibility.isElement || container);
+  accessibleHidden_ = !mirror_.isReachable(*view_);
+  accessibleIgnored_ = accessibleHidden_ || view_->isHidden() || insideElement ||
+                       !(accessibility.isElement || container);
   accessibleRole_ = accessibleRole(accessibility.role);
   QString name = QString::fromStdString(accessibility.label);
   const QString value = QString::fromStdString(accessibility.value);

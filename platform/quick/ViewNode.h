@@ -26,6 +26,8 @@ class ViewNode : public QObject, public UIViewObserver {
   Q_PROPERTY(double cornerRadius MEMBER cornerRadius_ NOTIFY changed)
   Q_PROPERTY(bool masked MEMBER masked_ NOTIFY changed)
   Q_PROPERTY(bool accessibleIgnored MEMBER accessibleIgnored_ NOTIFY changed)
+  /// Whether something presented covers it, which hides all that is in it.
+  Q_PROPERTY(bool accessibleHidden MEMBER accessibleHidden_ NOTIFY changed)
   Q_PROPERTY(int accessibleRole MEMBER accessibleRole_ NOTIFY changed)
   Q_PROPERTY(QString accessibleName MEMBER accessibleName_ NOTIFY changed)
   Q_PROPERTY(QString accessibleDescription MEMBER accessibleDescription_ NOTIFY changed)
@@ -83,6 +85,7 @@ class ViewNode : public QObject, public UIViewObserver {
   bool masked_ = false;
   QPointer<MaskedBoxItem> maskedBox_;  // in the item, which owns it; null while nothing is masked
   bool accessibleIgnored_ = true;
+  bool accessibleHidden_ = false;
   int accessibleRole_ = 0;
   QString accessibleName_;
   QString accessibleDescription_;

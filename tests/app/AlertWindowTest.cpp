@@ -24,8 +24,24 @@ class AlertWindow : public PresetsWindow {
   QQuickItem* itemOfField(std::size_t index) {
     return quick().itemFor(*driver().alert()->textFields()[index]);
   }
+  /// Of everything visible that assistive technology finds in the window, in order.
+  QStringList accessibleNames() {
+    QStringList names;
+    collectNames(QAccessible::queryAccessibleInterface(&quick()), names);
+    return names;
+  }
   void keys(const QString& text) {
     for (const QChar character : text) QTest::keyClick(&quick(), character.toLatin1());
+  }
+
+ private:
+  static void collectNames(QAccessibleInterface* parent, QStringList& names) {
+    for (int i = 0; i < parent->childCount(); ++i) {
+      QAccessibleInterface* child = parent->child(i);
+      if (child->state().invisible) continue;
+      if (const QString name = child->text(QAccessible::Name); !name.isEmpty()) names.append(name);
+      collectNames(child, names);
+    }
   }
 };
 
@@ -144,6 +160,40 @@ TEST_F(AlertWindow, IsADialogueWithANameForAssistiveTechnology) {
   ASSERT_NE(alert, nullptr);
   EXPECT_EQ(alert->role(), QAccessible::Dialog);
   EXPECT_EQ(alert->text(QAccessible::Name), QStringLiteral("New Preset"));
+}
+
+TEST_F(AlertWindow, AssistiveTechnologyFindsNothingBelowUntilItCloses) {
+  window.pasteboard.text = "text";
+  for (const char* name : {"A", "B"}) putPreset(name, {});
+  ASSERT_NO_FATAL_FAILURE(openScreen());
+  driver().swipeRowWithText("B");
+  const QStringList before = accessibleNames();
+  ASSERT_TRUE(QSet<QString>(before.begin(), before.end()).contains({"A", "B", "Share", "Add"}));
+
+  driver().tapRightButton();
+  press("Import Existing Preset...");
+
+  EXPECT_THAT(accessibleNames(),
+              ElementsAre("Import Preset", "Import Preset",
+                          "Enter a name and paste the preset data below...", "Preset Name...",
+                          "Preset Data...", "Import", "Cancel"));
+  key(Qt::Key_Escape);
+  EXPECT_EQ(accessibleNames(), before);
+}
+
+TEST_F(AlertWindow, RowsThatComeWhileItIsOpenAreHiddenFromAssistiveTechnologyToo) {
+  for (int i = 0; i < 30; ++i) putPreset("Row " + std::to_string(i), {});
+  ASSERT_NO_FATAL_FAILURE(openScreen());
+  const auto rows = [&] { return accessibleNames().filter(QStringLiteral("Row ")).size(); };
+  const auto before = rows();
+  driver().tapRightButton();
+
+  quick().resize(390, 1500);
+  window.settle();
+
+  EXPECT_EQ(rows(), 0);
+  key(Qt::Key_Escape);
+  EXPECT_GT(rows(), before);
 }
 
 TEST_F(AlertWindow, TheClearButtonShowsWhileEditingAndEmptiesTheField) {

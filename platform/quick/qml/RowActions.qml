@@ -65,6 +65,7 @@ Item {
                     Keys.onReturnPressed: actions.node.pressAction(index)
                     Keys.onEnterPressed: actions.node.pressAction(index)
 
+                    Accessible.ignored: actions.node.accessibleHidden
                     Accessible.role: Accessible.Button
                     Accessible.name: modelData
                     Accessible.onPressAction: actions.node.pressAction(index)

@@ -67,6 +67,7 @@ Rectangle {
             Keys.onReturnPressed: control.node.select(index)
             Keys.onEnterPressed: control.node.select(index)
 
+            Accessible.ignored: control.node.accessibleHidden
             Accessible.role: Accessible.RadioButton
             Accessible.name: modelData
             Accessible.checkable: true

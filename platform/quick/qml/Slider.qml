@@ -20,6 +20,7 @@ T.Slider {
     }
     onPressedChanged: if (!pressed) node.commit()
 
+    Accessible.ignored: node.accessibleHidden
     Accessible.name: node.accessibleName
 
     background: Rectangle {

@@ -23,6 +23,7 @@ T.TextField {
     onActiveFocusChanged: node.focusChanged(activeFocus)
     onAccepted: focus = false
 
+    Accessible.ignored: node.accessibleHidden
     Accessible.name: node.accessibleName !== "" ? node.accessibleName : node.placeholder
 
     Connections {
@@ -46,6 +47,7 @@ T.TextField {
         focusPolicy: Qt.NoFocus
         onClicked: control.node.edited("")
 
+        Accessible.ignored: control.node.accessibleHidden
         Accessible.name: qsTr("Clear")
 
         contentItem: Item {
