@@ -66,6 +66,7 @@ void savePreset(std::string_view path) {
   Dictionary preset = settingsOnDisk();
   // The settings are laid over the preset: keys that they have already stay.
   if (auto under = presetUnder(preset)) preset.merge(*under);
+  // No preset names another one, nor does one whose own could not be read.
   remove(preset, kCurrentPreset);
   for (const std::string_view key : kAppearanceKeys) remove(preset, key);
   if (presetExistsAtPath(path)) removePreset(path);

@@ -29,7 +29,7 @@ class OpenWindow {
   void open(const QString& bundle = QStringLiteral(FRELTA_BUNDLE), QSize size = {390, 844}) {
     UIKitServices kit;
     kit.text = &text_;
-    kit.pasteboard = &pasteboard;
+    kit.pasteboard = clipboard;
     application = std::make_unique<SettingsApplication>(services, GraphicsServices{&images_}, kit,
                                                         appearance);
     QString error;
@@ -73,6 +73,7 @@ class OpenWindow {
   FakePlatform platform;
   Platform services;
   FakePasteboard pasteboard;
+  PasteboardService* clipboard = &pasteboard;  // not owned
   Appearance appearance;
 
  private:

@@ -1,5 +1,10 @@
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <fstream>
 
+#include "foundation/Base64.h"
+#include "quick/QtPasteboard.h"
 #include "tests/app/PresetsWindow.h"
 
 namespace frelta {
@@ -135,6 +140,28 @@ TEST_F(PresetsWindow, ASwipeBringsOutShareWhichCopiesTheTextByteForByte) {
 
   EXPECT_EQ(window.pasteboard.text, "ewogICJIaWRlS2V5Q2FwcyIgOiAwCn0=");
   EXPECT_EQ(alertTitle(), "no alert");
+}
+
+TEST_F(PresetsWindow, CopiedTextIsOnTheClipboardByteForByteAfterAlertScreenAndWindowAreGone) {
+  QtPasteboard clipboard;
+  window.clipboard = &clipboard;
+  const Dictionary shared{{"Text", std::string(300'000, '~') + "\u00e9\U0001F600\"\\\n"}};
+  putPreset("A", shared);
+  ASSERT_NO_FATAL_FAILURE(openScreen());
+
+  swipeAndTap("A", QStringLiteral("Share"));
+  press("Copy to Clipboard");
+  EXPECT_TRUE(driver().tapBack());
+  window.driver.reset();
+  window.application.reset();
+
+  const QByteArray bytes =
+      QGuiApplication::clipboard()->mimeData()->data(QStringLiteral("text/plain"));
+  const std::string expected =
+      base64EncodedString(window.services.json->prettyPrintedDataWithObject(shared));
+  EXPECT_GT(expected.size(), 400'000u);
+  EXPECT_EQ(bytes.toStdString(), expected);
+  EXPECT_EQ(clipboard.string(), expected);
 }
 
 TEST_F(PresetsWindow, LightAndDarkEachHaveAScreenWhereATapChooses) {

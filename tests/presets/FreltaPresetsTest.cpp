@@ -9,7 +9,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::MatchesRegex;
+using testing::Pair;
 using testing::SizeIs;
 
 class FreltaPresetsScreen : public PresetsTest {
@@ -164,8 +164,13 @@ TEST_F(FreltaPresetsScreen, CancellingAppliesNothing) {
 
 TEST_F(FreltaPresetsScreen, EveryRowOfEveryVariantOffersDeleteThenShare) {
   putPreset("A", {});
-  for (const bool variant : {false, true}) {
-    variant ? show<FreltaPresetsDarkMode>() : show();
+  const auto showVariant = [&](int variant) {
+    if (variant == 0) show();
+    if (variant == 1) show<FreltaPresetsLightMode>();
+    if (variant == 2) show<FreltaPresetsDarkMode>();
+  };
+  for (const int variant : {0, 1, 2}) {
+    showVariant(variant);
 
     const auto actions = screen->tableView().rowActionsForRowAtIndexPath({0, 0});
 
@@ -269,6 +274,43 @@ TEST_F(FreltaPresetsScreen, SavingAppliesAndTicksTheNewPreset) {
   EXPECT_THAT(tickedNames(), ElementsAre("  a  "));
   EXPECT_THAT(platform.notifications.posted, ElementsAre(kRefresh));
   EXPECT_EQ(writes(), 2u);
+}
+
+TEST_F(FreltaPresetsScreen, SavingGoesThroughItsStepsInOrder) {
+  putPreset("A", {{"Old", 1}});
+  putSettings({{"HideKeyCaps", 0}});
+  platform.put(kBackupPath, "old");
+  FreltaPresets& shown = show();
+  std::vector<std::pair<Operation, std::string>> steps;
+  platform.files.beforeCall = [&](const FailingFiles::Call& call) {
+    using enum FailingFiles::Operation;
+    if (call.operation == Remove || call.operation == Copy || call.operation == Write ||
+        call.operation == Contents)
+      steps.emplace_back(call.operation, call.path);
+  };
+
+  shown.savePresetWithName("A");
+
+  EXPECT_THAT(
+      steps,
+      ElementsAre(Pair(Operation::Remove, kPresetA), Pair(Operation::Write, kPresetA),
+                  Pair(Operation::Remove, kBackupPath), Pair(Operation::Copy, kSettingsPath),
+                  Pair(Operation::Remove, kSettingsPath), Pair(Operation::Write, kSettingsPath),
+                  Pair(Operation::Contents, kPresetsFolder)));
+}
+
+TEST_F(FreltaPresetsScreen, TakesWhatTheFrameworkTellsEveryControllerAndDoesNothing) {
+  putPreset("A", {});
+  FreltaPresets& shown = show();
+  platform.files.resetCalls();
+
+  shown.setRootController(navigation);
+  shown.setParentController(navigation);
+  shown.setSpecifier(nullptr);
+
+  EXPECT_EQ(platform.files.calls().size(), 0u);
+  EXPECT_THAT(shown.presetsArray(), ElementsAre(kPresetA));
+  EXPECT_EQ(alert(), nullptr);
 }
 
 TEST_F(FreltaPresetsScreen, SavingWithoutANameMakesOneUp) {

@@ -127,6 +127,15 @@ TEST_F(PresetAlerts, SaveSavesUnderTheCleanedName) {
   EXPECT_EQ(alert(), nullptr);
 }
 
+TEST_F(PresetAlerts, SaveKeepsTheBlanksAtTheEndsOfTheName) {
+  show().newPresetAlert();
+  type(0, "  a  ");
+
+  press("Save");
+
+  EXPECT_THAT(folder(), ElementsAre("  a  .plist"));
+}
+
 TEST_F(PresetAlerts, SaveWithABadNameSaysSoAndAsksNoMore) {
   show().newPresetAlert();
   type(0, "   ");

@@ -79,6 +79,8 @@ TEST_F(PresetImport, OfAStringLeavesAFileThatIsNoPropertyList) {
 struct BadText {
   const char* name;
   std::string text;
+
+  friend void PrintTo(const BadText& bad, std::ostream* out) { *out << bad.name; }
 };
 class PresetImportOfBadText : public PresetImport, public testing::WithParamInterface<BadText> {};
 

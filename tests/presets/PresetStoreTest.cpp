@@ -72,7 +72,8 @@ TEST_F(PresetStore, SavingLeavesOutWhatSaysWhichPresetIsInForce) {
   EXPECT_EQ(presetFile("New"), (Dictionary{{"HideKeyCaps", 1}}));
 }
 
-TEST_F(PresetStore, SavingWithAPresetThatCannotBeReadSavesTheSettingsAlone) {
+// The path of what is in force is no setting of the user's: in a preset it would travel to others.
+TEST_F(PresetStore, SavingWithAPresetThatCannotBeReadSavesTheSettingsAloneWithoutItsPath) {
   platform.put(kPresetB, "not a property list");
   for (const PropertyListValue& preset :
        {PropertyListValue(kPresetA), PropertyListValue(kPresetB), PropertyListValue(7)}) {
