@@ -1,7 +1,5 @@
-#include <QDir>
-#include <QImage>
-
 #include "tests/app/OpenWindow.h"
+#include "tests/app/PicturesOnDemand.h"
 
 namespace frelta {
 namespace {
@@ -20,13 +18,6 @@ struct Look {
 
 class Pictures : public testing::TestWithParam<Look> {};
 
-void collectTexts(QQuickItem& item, QList<QQuickItem*>& texts) {
-  if (!item.isVisible()) return;
-  if (item.inherits("QQuickText")) texts.append(&item);
-  for (QQuickItem* child : item.childItems()) collectTexts(*child, texts);
-}
-
-// With FRELTA_PICTURES set to a folder, each look is also left there for a person to open.
 TEST_P(Pictures, OfAWholePageCutNoText) {
   const Look look = GetParam();
   OpenWindow window(look.style);
@@ -40,8 +31,7 @@ TEST_P(Pictures, OfAWholePageCutNoText) {
   window.application->window()->resize(look.width, static_cast<int>(content) + 44);
   window.settle();
 
-  QList<QQuickItem*> texts;
-  collectTexts(*window.application->window()->contentItem(), texts);
+  const auto texts = visibleTexts(*window.application->window()->contentItem());
 
   EXPECT_GT(texts.size(), 25);
   for (const QQuickItem* text : texts) {
@@ -50,12 +40,7 @@ TEST_P(Pictures, OfAWholePageCutNoText) {
     if (shown.startsWith(u'/')) continue;
     EXPECT_FALSE(text->property("truncated").toBool()) << shown.toStdString();
   }
-  const QString folder = qEnvironmentVariable("FRELTA_PICTURES");
-  if (!folder.isEmpty()) {
-    const QString file =
-        QStringLiteral("%1/%2.png").arg(folder, QString::fromStdString(look.title()));
-    EXPECT_TRUE(QDir().mkpath(folder) && window.driver->grab(file));
-  }
+  keepPicture(*window.driver, look.title());
 }
 
 INSTANTIATE_TEST_SUITE_P(

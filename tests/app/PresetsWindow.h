@@ -17,6 +17,8 @@ class PresetsWindow : public testing::Test {
  protected:
   using Operation = FailingFiles::Operation;
 
+  explicit PresetsWindow(UserInterfaceStyle style = UserInterfaceStyle::Light) : window(style) {}
+
   void putPreset(const std::string& name, const Dictionary& contents) {
     window.platform.put(pathOf(name),
                         *window.services.propertyLists->dataWithPropertyList(contents));
@@ -36,8 +38,8 @@ class PresetsWindow : public testing::Test {
   const std::vector<std::string>& broadcasts() { return window.platform.notifications.posted; }
 
   /// Opens the window and taps the row that leads to the screen.
-  void openScreen(const std::string& row = "CurrentPreset") {
-    ASSERT_NO_FATAL_FAILURE(window.open());
+  void openScreen(const std::string& row = "CurrentPreset", QSize size = {390, 844}) {
+    ASSERT_NO_FATAL_FAILURE(window.open(QStringLiteral(FRELTA_BUNDLE), size));
     ASSERT_TRUE(driver().tapRow(row));
     window.settle();
     ASSERT_EQ(window.application->navigationController()->viewControllers().size(), 2u);

@@ -23,10 +23,13 @@ Item {
         interactive: view.scrolls
         boundsBehavior: Flickable.StopAtBounds
 
+        // In the margin, where it covers no text.
         T.ScrollBar.vertical: T.ScrollBar {
-            x: flickable.width - width
+            parent: view
+            x: view.width + 4
             width: 6
-            height: flickable.height
+            height: view.height
+            minimumSize: 0.08
             visible: size < 1
 
             contentItem: Rectangle {
