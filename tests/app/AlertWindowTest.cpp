@@ -200,6 +200,11 @@ TEST_F(AlertWindow, TheClearButtonShowsWhileEditingAndEmptiesTheField) {
   ASSERT_NO_FATAL_FAILURE(openNewPreset());
   keys(QStringLiteral("abc"));
   window.settle();
+  ASSERT_EQ(driver().alert()->textFields()[0]->text(), "abc");
+  EXPECT_TRUE(accessibleNames().contains("Clear"));
+  key(Qt::Key_Tab);
+  EXPECT_FALSE(accessibleNames().contains("Clear"));
+  key(Qt::Key_Backtab);
   const QQuickItem* field = itemOfField(0);
 
   const QPointF clear = field->mapToScene({field->width() - 10, field->height() / 2});

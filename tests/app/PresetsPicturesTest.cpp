@@ -82,6 +82,10 @@ TEST_P(PresetsPictures, OfOnePresetAndItsActionsAndAlertsCutNoText) {
   press("Cancel");
   driver().swipeRowWithText(kLongName);
   look("presetsSwiped");
+  QTest::mouseClick(&quick(), Qt::RightButton, {}, {150, 75});
+  window.settle();
+  look("presetsMenu");
+  key(Qt::Key_Escape);
   swipeAndTap(kLongName, QStringLiteral("Delete"));
   look("alertDelete");
   press("Cancel");

@@ -90,6 +90,8 @@ TEST_F(RowActionsWindow, TheContextMenuOffersTheActionsToAPointer) {
 
   EXPECT_EQ(alertTitle(), "Delete Preset");
   EXPECT_EQ(alertMessage(), "Are you sure you would like to delete preset \"A\"?");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(alertTitle(), "no alert");
 }
 
 TEST_F(RowActionsWindow, TheMenuKeyOffersTheActionsToTheKeyboard) {
@@ -103,6 +105,9 @@ TEST_F(RowActionsWindow, TheMenuKeyOffersTheActionsToTheKeyboard) {
   window.settle();
 
   EXPECT_EQ(alertTitle(), "Share \"A\"...");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(alertTitle(), "no alert");
+  EXPECT_EQ(quick().activeFocusItem(), itemOfRow("A"));
 }
 
 TEST_F(RowActionsWindow, TheContextMenuClosesWithEscapeAndNothingHappens) {
@@ -110,8 +115,10 @@ TEST_F(RowActionsWindow, TheContextMenuClosesWithEscapeAndNothingHappens) {
   focusRow("A");
 
   key(Qt::Key_Menu);
+  EXPECT_NE(quick().activeFocusItem(), itemOfRow("A"));
   key(Qt::Key_Escape);
 
+  EXPECT_EQ(quick().activeFocusItem(), itemOfRow("A"));
   EXPECT_EQ(alertTitle(), "no alert");
   EXPECT_EQ(window.application->navigationController()->viewControllers().size(), 2u);
 }

@@ -20,6 +20,7 @@ Item {
         if (node.actionTitles.length === 0)
             return;
         menu.active = true;
+        menu.item.focusBefore = actions.Window.activeFocusItem;
         menu.item.popup(x, y);
     }
     function settle() {

@@ -7,6 +7,10 @@ T.Menu {
     id: menu
 
     required property CellNode node
+    property Item focusBefore
+
+    // The reason decides whether a focus ring shows, as before.
+    onClosed: if (focusBefore) focusBefore.forceActiveFocus(focusBefore.focusReason ?? Qt.PopupFocusReason)
 
     implicitWidth: 180
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
