@@ -21,7 +21,7 @@ class JSONSerialization {
   /// Reads one document of any top-level type (fragments allowed). Integers that fit int64 or
   /// uint64 stay integers; other numbers are doubles; of duplicate keys the last wins; null is
   /// Null. Returns nothing for malformed input, invalid UTF-8, a NUL byte, a number beyond double,
-  /// or a document over the limits.
+  /// an exponent beyond 32 bits, or a document over the limits.
   virtual std::optional<PropertyListValue> objectWithData(std::string_view bytes) const = 0;
 
   /// Writes the pretty-printed form: two blanks a level, one entry a line, keys in the dictionary's

@@ -3,201 +3,110 @@
 #include <locale.h>
 #include <stdlib.h>
 
-#include <charconv>
+#include <boost/json/basic_parser_impl.hpp>
 #include <cmath>
 #include <cstdint>
 #include <string>
 #include <utility>
 
 #include "foundation/JSONSerialization.h"
-#include "foundation/UTF8.h"
-#include "linux/AsciiSet.h"
 #include "linux/PropertyListBuilder.h"
-#include "linux/PropertyListScalars.h"
 
 namespace frelta {
 namespace {
 
+namespace json = boost::json;
+
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr AsciiSet kPlain = AsciiSet::printableWithout("\"\\");
+constexpr std::size_t kUnlimited = std::string::npos;
 
 /// The double nearest to the number, also to one that is too small for double, where from_chars has
-/// no answer; infinity beyond the largest.
+/// no answer; infinity beyond the largest. The parser's own may be off by a bit.
 double nearestDouble(const std::string& number) {
   static const locale_t kPlainNumbers = newlocale(LC_ALL_MASK, "C", nullptr);
   return strtod_l(number.c_str(), nullptr, kPlainNumbers);
 }
 
-/// Each operation takes what it is named after from the document, and is false when that is not
-/// there. The builder's depth limit bounds the recursion.
-class Reader {
+/// The parser's events, under its names; each returns whether to go on.
+class Handler {
  public:
-  explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+  // It wants these; the builder holds our limits.
+  static constexpr std::size_t max_object_size = kUnlimited;
+  static constexpr std::size_t max_array_size = kUnlimited;
+  static constexpr std::size_t max_key_size = kUnlimited;
+  static constexpr std::size_t max_string_size = kUnlimited;
 
-  std::optional<PropertyListValue> document() {
-    takeWord(kByteOrderMark);
-    if (!takeValue()) return std::nullopt;
-    skipSpace();
-    return position_ == bytes_.size() ? builder_.takeValue() : std::nullopt;
+  using Error = json::error_code;
+  using Text = json::string_view;
+
+  bool on_document_begin(Error&) { return true; }
+  bool on_document_end(Error&) { return true; }
+  bool on_object_begin(Error& error) { return goOn(builder_.openDictionary(), error); }
+  bool on_object_end(std::size_t, Error& error) { return goOn(builder_.close(), error); }
+  bool on_array_begin(Error& error) { return goOn(builder_.openArray(), error); }
+  bool on_array_end(std::size_t, Error& error) { return goOn(builder_.close(), error); }
+
+  bool on_key_part(Text part, std::size_t, Error&) { return collect(part); }
+  bool on_key(Text part, std::size_t, Error& error) {
+    return goOn(builder_.setKey(textEndingIn(part)), error);
   }
+  bool on_string_part(Text part, std::size_t, Error&) { return collect(part); }
+  bool on_string(Text part, std::size_t, Error& error) {
+    return goOn(builder_.add(textEndingIn(part)), error);
+  }
+
+  bool on_number_part(Text part, Error&) { return collect(part); }
+  bool on_int64(std::int64_t value, Text, Error& error) { return addInteger(value, error); }
+  bool on_uint64(std::uint64_t value, Text, Error& error) { return addInteger(value, error); }
+  bool on_double(double, Text part, Error& error) {
+    const double value = nearestDouble(textEndingIn(part));
+    return goOn(std::isfinite(value) && builder_.add(value), error);
+  }
+
+  bool on_bool(bool value, Error& error) { return goOn(builder_.add(value), error); }
+  bool on_null(Error& error) { return goOn(builder_.add(Null()), error); }
+  bool on_comment_part(Text, Error& error) { return goOn(false, error); }
+  bool on_comment(Text, Error& error) { return goOn(false, error); }
+
+  std::optional<PropertyListValue> takeValue() { return builder_.takeValue(); }
 
  private:
-  bool takeValue() {
-    skipSpace();
-    switch (next()) {
-      case '{':
-        return builder_.openDictionary() && takeEntries('}', true);
-      case '[':
-        return builder_.openArray() && takeEntries(']', false);
-      case '"':
-        return takeText() && builder_.add(text_);
-      case 't':
-        return takeWord("true") && builder_.add(true);
-      case 'f':
-        return takeWord("false") && builder_.add(false);
-      case 'n':
-        return takeWord("null") && builder_.add(Null());
-      default:
-        return takeNumber();
-    }
+  /// The parser stops only for an error; which one nobody asks.
+  static bool goOn(bool accepted, Error& error) {
+    if (!accepted) error = json::error::array_too_large;
+    return accepted;
   }
 
-  /// From the opening bracket to the closing one.
-  bool takeEntries(char closing, bool keyed) {
-    ++position_;
-    skipSpace();
-    if (take(closing)) return builder_.close();
-    do {
-      if (keyed && !takeKey()) return false;
-      if (!takeValue()) return false;
-      skipSpace();
-    } while (take(','));
-    return take(closing) && builder_.close();
-  }
-
-  bool takeKey() {
-    skipSpace();
-    if (!takeText() || !builder_.setKey(text_)) return false;
-    skipSpace();
-    return take(':');
-  }
-
-  /// Leaves it in text_.
-  bool takeText() {
-    if (!take('"')) return false;
+  bool addInteger(PropertyListValue&& value, Error& error) {
     text_.clear();
-    while (!take('"')) {
-      if (const std::size_t length = kPlain.lengthAt(bytes_, position_)) {
-        appendToText(length);
-      } else if (take('\\')) {
-        if (!takeEscape()) return false;
-      } else {
-        if (position_ == bytes_.size()) return false;
-        const std::optional<Scalar> scalar = scalarAt(bytes_, position_);
-        if (!scalar || scalar->value < ' ') return false;
-        appendToText(scalar->length);
-      }
-    }
+    return goOn(builder_.add(std::move(value)), error);
+  }
+
+  bool collect(Text part) {
+    text_.append(part.data(), part.size());
     return true;
   }
 
-  void appendToText(std::size_t length) {
-    text_.append(bytes_, position_, length);
-    position_ += length;
+  std::string textEndingIn(Text part) {
+    collect(part);
+    return std::exchange(text_, {});
   }
 
-  /// What follows the backslash.
-  bool takeEscape() {
-    constexpr std::string_view kLetters = "\"\\/bfnrt";
-    constexpr std::string_view kMeanings = "\"\\/\b\f\n\r\t";
-    if (take('u')) return takeCodeUnits();
-    const std::size_t found = kLetters.find(next());
-    if (found == std::string_view::npos) return false;
-    ++position_;
-    text_ += kMeanings[found];
-    return true;
-  }
-
-  /// One UTF-16 unit, or two that belong together.
-  bool takeCodeUnits() {
-    std::uint16_t unit = 0;
-    if (!takeHexadecimal(unit)) return false;
-    char32_t scalar = unit;
-    if (unit >= 0xD800 && unit <= 0xDFFF) {
-      std::uint16_t low = 0;
-      if (unit > 0xDBFF || !takeWord("\\u") || !takeHexadecimal(low)) return false;
-      if (low < 0xDC00 || low > 0xDFFF) return false;
-      scalar = 0x10000 + ((scalar - 0xD800) << 10) + (low - 0xDC00u);
-    }
-    appendScalar(text_, scalar);
-    return true;
-  }
-
-  bool takeHexadecimal(std::uint16_t& unit) {
-    constexpr std::size_t kDigits = 4;
-    const std::string_view digits = bytes_.substr(position_, kDigits);
-    const char* const last = digits.data() + digits.size();
-    position_ += digits.size();
-    return digits.size() == kDigits && std::from_chars(digits.data(), last, unit, 16).ptr == last;
-  }
-
-  bool takeNumber() {
-    const std::size_t start = position_;
-    take('-');
-    if (!take('0') && !takeDigits()) return false;
-    bool isInteger = true;
-    if (take('.')) {
-      isInteger = false;
-      if (!takeDigits()) return false;
-    }
-    if (take('e') || take('E')) {
-      isInteger = false;
-      if (!take('+')) take('-');
-      if (!takeDigits()) return false;
-    }
-    const std::string_view text = bytes_.substr(start, position_ - start);
-    if (isInteger) {
-      if (auto integer = integerFromText(text)) return builder_.add(std::move(*integer));
-    }
-    const double real = nearestDouble(std::string(text));
-    return std::isfinite(real) && builder_.add(real);
-  }
-
-  bool takeDigits() {
-    const std::size_t start = position_;
-    while (next() >= '0' && next() <= '9') ++position_;
-    return position_ > start;
-  }
-
-  bool takeWord(std::string_view word) {
-    if (!bytes_.substr(position_).starts_with(word)) return false;
-    position_ += word.size();
-    return true;
-  }
-
-  bool take(char c) {
-    if (position_ == bytes_.size() || bytes_[position_] != c) return false;
-    ++position_;
-    return true;
-  }
-
-  void skipSpace() {
-    while (next() == ' ' || next() == '\n' || next() == '\r' || next() == '\t') ++position_;
-  }
-
-  /// NUL at the end, which no document may hold.
-  char next() const { return position_ < bytes_.size() ? bytes_[position_] : '\0'; }
-
-  std::string_view bytes_;
-  std::size_t position_ = 0;
-  std::string text_;  // read last
+  std::string text_;  // the parts that came of the text or number not yet ended
   PropertyListBuilder builder_{JSONSerialization::kMaximumDepth, JSONSerialization::kMaximumNodes};
 };
 
 }  // namespace
 
 std::optional<PropertyListValue> readJSON(std::string_view bytes) {
-  return Reader(bytes).document();
+  if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+  json::parse_options options;
+  options.max_depth = JSONSerialization::kMaximumDepth;
+  json::basic_parser<Handler> parser(options);
+  json::error_code error;
+  const std::size_t parsed = parser.write_some(false, bytes.data(), bytes.size(), error);
+  if (error || parsed != bytes.size()) return std::nullopt;
+  return parser.handler().takeValue();
 }
 
 }  // namespace frelta

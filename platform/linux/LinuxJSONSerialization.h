@@ -4,8 +4,7 @@
 
 namespace frelta {
 
-/// Reader and writer are our own: 64-bit integers stay whole, depth and size have limits, and a
-/// megabyte takes milliseconds.
+/// Read with Boost's event parser, written here.
 class LinuxJSONSerialization : public JSONSerialization {
  public:
   std::optional<PropertyListValue> objectWithData(std::string_view bytes) const override;

@@ -66,6 +66,20 @@ TEST(JSONReader, RefusesNumbersBeyondDouble) {
     EXPECT_EQ(readJSON(text), std::nullopt) << text;
 }
 
+TEST(JSONReader, RefusesExponentsBeyondThirtyTwoBitsEvenOfZero) {
+  EXPECT_EQ(readJSON("1e-2147483647"), PropertyListValue(0.0));
+  for (const char* text : {"1e-9999999999", "0e9999999999", "[1e-99999999999999999999]"})
+    EXPECT_EQ(readJSON(text), std::nullopt) << text;
+}
+
+TEST(JSONReader, RoundsEveryDecimalToTheNearestDouble) {
+  EXPECT_EQ(readJSON("9007199254740993.0"), PropertyListValue(9007199254740992.0));
+  EXPECT_EQ(readJSON("9007199254740993.0000000000000000000000001"),
+            PropertyListValue(9007199254740994.0));
+  EXPECT_EQ(readJSON("2.2250738585072011e-308"), PropertyListValue(2.2250738585072011e-308));
+  EXPECT_EQ(readJSON("1" + std::string(400, '0') + "e-200"), PropertyListValue(1e200));
+}
+
 TEST(JSONReader, TheLastOfDuplicateKeysWins) {
   EXPECT_EQ(readJSON(R"({"a":1,"b":2,"a":[3]})"),
             PropertyListValue(Dictionary{{"a", Array{3}}, {"b", 2}}));
