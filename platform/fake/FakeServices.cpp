@@ -30,6 +30,7 @@ std::string FakeProcessLauncher::standardOutputOf(const std::string& path,
                                                   const std::vector<std::string>& arguments,
                                                   const std::string& workingDirectory) {
   runs.push_back({path, arguments, workingDirectory});
+  if (isMissing) throw MissingProgram(path + ": scripted absence");
   if (failsToLaunch) throw LaunchFailure(path + ": scripted failure");
   return standardOutput;
 }

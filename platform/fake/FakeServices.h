@@ -45,7 +45,8 @@ class FakeProcessLauncher : public ProcessLauncher {
   std::vector<Run> runs;
   /// What every run prints.
   std::string standardOutput;
-  /// When set, a run throws LaunchFailure.
+  /// When set, a run throws MissingProgram, or else LaunchFailure.
+  bool isMissing = false;
   bool failsToLaunch = false;
 };
 

@@ -12,6 +12,12 @@ class LaunchFailure : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// There is no such program.
+class MissingProgram : public LaunchFailure {
+ public:
+  using LaunchFailure::LaunchFailure;
+};
+
 class ProcessLauncher {
  public:
   virtual ~ProcessLauncher() = default;
@@ -23,7 +29,8 @@ class ProcessLauncher {
 
   /// Runs the program with these arguments (its own name not among them) in a working folder of the
   /// host and returns its standard output, read to the end. The exit status is not examined.
-  /// Throws LaunchFailure when the program cannot be started.
+  /// Throws MissingProgram when there is no such program, LaunchFailure when it cannot be started
+  /// for another reason.
   virtual std::string standardOutputOf(const std::string& path,
                                        const std::vector<std::string>& arguments,
                                        const std::string& workingDirectory) = 0;

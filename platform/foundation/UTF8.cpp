@@ -24,6 +24,15 @@ std::optional<Scalar> scalarAt(std::string_view text, std::size_t position) {
   return Scalar{value, length};
 }
 
+bool isUTF8(std::string_view text) {
+  for (std::size_t position = 0; position < text.size();) {
+    const auto scalar = scalarAt(text, position);
+    if (!scalar) return false;
+    position += scalar->length;
+  }
+  return true;
+}
+
 void appendScalar(std::string& text, char32_t value) {
   const auto trail = [&](unsigned shift) {
     text += static_cast<char>(0x80 | (value >> shift & 0x3F));

@@ -16,6 +16,9 @@ struct Scalar {
 /// when the bytes there are not well-formed UTF-8.
 std::optional<Scalar> scalarAt(std::string_view text, std::size_t position);
 
+/// Whether the bytes are well-formed UTF-8 throughout.
+bool isUTF8(std::string_view text);
+
 /// Appends the scalar value, which must be one, in UTF-8.
 void appendScalar(std::string& text, char32_t value);
 

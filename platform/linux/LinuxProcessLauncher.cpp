@@ -36,7 +36,9 @@ class FileActions {
 };
 
 [[noreturn]] void failToLaunch(const std::string& path, int error) {
-  throw LaunchFailure(path + ": " + std::strerror(error));
+  const std::string reason = path + ": " + std::strerror(error);
+  if (error == ENOENT) throw MissingProgram(reason);
+  throw LaunchFailure(reason);
 }
 
 std::string readToEnd(const FileDescriptor& pipe) {

@@ -29,8 +29,11 @@ class RealPrograms {
     std::ofstream(folder_.path() / "bytes", std::ios::binary) << bytes;
     return launcher_.standardOutputOf("/bin/cat", {"bytes"}, folder_.path());
   }
-  std::string outputOfAProgramThatCannotStart() {
+  std::string outputOfAMissingProgram() {
     return launcher_.standardOutputOf("/nowhere/program", {}, "/");
+  }
+  std::string outputOfAProgramThatCannotStart() {
+    return launcher_.standardOutputOf(folder_.path(), {}, "/");
   }
 
  private:
@@ -44,6 +47,10 @@ class ScriptedPrograms {
   std::string outputOfAProgramThatPrints(const std::string& bytes) {
     launcher_.standardOutput = bytes;
     return launcher_.standardOutputOf("/bin/cat", {"bytes"}, "/");
+  }
+  std::string outputOfAMissingProgram() {
+    launcher_.isMissing = true;
+    return launcher_.standardOutputOf("/nowhere/program", {}, "/");
   }
   std::string outputOfAProgramThatCannotStart() {
     launcher_.failsToLaunch = true;
@@ -77,6 +84,16 @@ TYPED_TEST(ProcessLauncherContract, ARunGivesAllItsOutput) {
 
 TYPED_TEST(ProcessLauncherContract, ARunThatCannotStartThrows) {
   EXPECT_THROW(this->driver.outputOfAProgramThatCannotStart(), LaunchFailure);
+}
+
+TYPED_TEST(ProcessLauncherContract, ARunTellsAMissingProgramFromOneThatCannotStart) {
+  EXPECT_THROW(this->driver.outputOfAProgramThatCannotStart(), LaunchFailure);
+  try {
+    this->driver.outputOfAProgramThatCannotStart();
+  } catch (const LaunchFailure& failure) {
+    EXPECT_EQ(dynamic_cast<const MissingProgram*>(&failure), nullptr);
+  }
+  EXPECT_THROW(this->driver.outputOfAMissingProgram(), MissingProgram);
 }
 
 /// What the program told of itself under the heading.
