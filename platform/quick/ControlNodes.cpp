@@ -56,6 +56,11 @@ void SliderNode::syncContents() {
   value_ = view.value();
   minimum_ = view.minimumValue();
   maximum_ = view.maximumValue();
+  keyStep_ = view.keyStep();
+  trackColors_.clear();
+  for (const UIColor& color : view.trackColors()) {
+    trackColors_.append(mirror().theme().resolve(color));
+  }
   enabled_ = view.isEnabled();
   mirrored_ = mirror().isRightToLeft();
 }

@@ -97,6 +97,8 @@ class SliderNode : public ViewNode {
   Q_PROPERTY(double value MEMBER value_ NOTIFY changed)
   Q_PROPERTY(double minimum MEMBER minimum_ NOTIFY changed)
   Q_PROPERTY(double maximum MEMBER maximum_ NOTIFY changed)
+  Q_PROPERTY(double keyStep MEMBER keyStep_ NOTIFY changed)
+  Q_PROPERTY(QList<QColor> trackColors MEMBER trackColors_ NOTIFY changed)
   Q_PROPERTY(bool enabled MEMBER enabled_ NOTIFY changed)
   Q_PROPERTY(bool mirrored MEMBER mirrored_ NOTIFY changed)
 
@@ -113,6 +115,8 @@ class SliderNode : public ViewNode {
   double value_ = 0;
   double minimum_ = 0;
   double maximum_ = 1;
+  double keyStep_ = 0.1;
+  QList<QColor> trackColors_;
   bool enabled_ = true;
   bool mirrored_ = false;
 };

@@ -1,15 +1,33 @@
 #include "uikit/UISlider.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace frelta {
 
 void UISlider::setValue(double value) {
-  dragToValue(value);
+  changeValue(value);
   committedValue_ = value_;
 }
 
+void UISlider::setKeyStep(double step) {
+  if (step == keyStep_) return;
+  keyStep_ = step;
+  didChange();
+}
+
+void UISlider::setTrackColors(std::vector<UIColor> colors) {
+  if (colors == trackColors_) return;
+  trackColors_ = std::move(colors);
+  didChange();
+}
+
 void UISlider::dragToValue(double value) {
+  changeValue(value);
+  if (continuous_) commitValue();
+}
+
+void UISlider::changeValue(double value) {
   value = std::clamp(value, minimumValue_, maximumValue_);
   if (value == value_) return;
   value_ = value;

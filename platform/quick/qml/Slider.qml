@@ -7,10 +7,16 @@ T.Slider {
 
     required property SliderNode node
 
+    function step(direction) {
+        node.drag(node.value + direction * node.keyStep);
+        node.commit();
+    }
+
     enabled: node.enabled
     from: node.minimum
     to: node.maximum
     value: node.value
+    stepSize: node.keyStep
     focusPolicy: Qt.StrongFocus
     LayoutMirroring.enabled: node.mirrored
     onMoved: {
@@ -22,15 +28,26 @@ T.Slider {
 
     Accessible.ignored: node.accessibleHidden
     Accessible.name: node.accessibleName
+    Accessible.onIncreaseAction: step(1)
+    Accessible.onDecreaseAction: step(-1)
 
     background: Rectangle {
         y: (control.height - height) / 2
         width: control.width
-        height: 4
+        height: control.node.trackColors.length > 0 ? 14 : 4
         radius: 2
-        color: control.node.theme.fill
+        color: control.node.trackColors.length > 0 ? "transparent" : control.node.theme.fill
+
+        GradientTrack {
+            anchors.fill: parent
+            visible: control.node.trackColors.length > 0
+            colors: control.node.trackColors
+            mirrored: control.mirrored
+            outline: control.node.theme.separator
+        }
 
         Rectangle {
+            visible: control.node.trackColors.length === 0
             x: control.mirrored ? parent.width - width : 0
             width: control.position * parent.width
             height: parent.height
