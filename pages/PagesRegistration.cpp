@@ -4,7 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "pages/FreltaBannerCell.h"
+#include "pages/FreltaFooterCell.h"
+#include "pages/FreltaHTMLCell.h"
+#include "pages/FreltaImageCell.h"
 #include "pages/FreltaKeyLabelLinkCell.h"
+#include "pages/FreltaThemesCell.h"
+#include "pages/TarnoColourPickerCell.h"
 #include "pages/freltaAdvancedprefsRootListController.h"
 #include "pages/freltaprefsRootListController.h"
 
@@ -20,6 +26,24 @@ void registerAction(PSClassRegistry& classes, std::string name, void (RootPage::
   });
 }
 
+/// A class whose cells take the page's style and reuse identifier.
+template <typename Cell>
+void registerStyledCell(PSClassRegistry& classes, std::string name) {
+  classes.registerCell(std::move(name), [](UITableViewCellStyle style, std::string identifier,
+                                           std::shared_ptr<PSSpecifier> specifier) {
+    return std::make_unique<Cell>(style, std::move(identifier), std::move(specifier));
+  });
+}
+
+/// A class that chooses its own.
+template <typename Cell>
+void registerCell(PSClassRegistry& classes, std::string name) {
+  classes.registerCell(std::move(name), [](UITableViewCellStyle, const std::string&,
+                                           std::shared_ptr<PSSpecifier> specifier) {
+    return Cell::initWithSpecifier(std::move(specifier));
+  });
+}
+
 }  // namespace
 
 void registerPages(PSClassRegistry& classes) {
@@ -28,12 +52,13 @@ void registerPages(PSClassRegistry& classes) {
   classes.registerController("freltaAdvancedprefsRootListController", [] {
     return std::make_shared<freltaAdvancedprefsRootListController>();
   });
-  classes.registerCell("FreltaKeyLabelLinkCell",
-                       [](UITableViewCellStyle style, std::string identifier,
-                          std::shared_ptr<PSSpecifier> specifier) {
-                         return std::make_unique<FreltaKeyLabelLinkCell>(
-                             style, std::move(identifier), std::move(specifier));
-                       });
+  registerCell<FreltaBannerCell>(classes, "FreltaBannerCell");
+  registerCell<FreltaFooterCell>(classes, "FreltaFooterCell");
+  registerCell<FreltaHTMLCell>(classes, "FreltaHTMLCell");
+  registerCell<FreltaThemesCell>(classes, "FreltaThemesCell");
+  registerStyledCell<FreltaImageCell>(classes, "FreltaImageCell");
+  registerStyledCell<FreltaKeyLabelLinkCell>(classes, "FreltaKeyLabelLinkCell");
+  registerStyledCell<TarnoColourPickerCell>(classes, "TarnoColourPickerCell");
   registerAction(classes, "respring", &RootPage::respring);
   registerAction(classes, "twitterlink", &RootPage::twitterlink);
   registerAction(classes, "supportlink", &RootPage::supportlink);

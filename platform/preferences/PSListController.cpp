@@ -154,6 +154,8 @@ std::string PSListController::titleForFooterInSection(UITableView&, int section)
 }
 
 double PSListController::heightForRowAtIndexPath(UITableView& table, IndexPath path) {
+  // The cell of a row of a given height need not be made before it is shown.
+  if (const auto height = rowAt(path)->height()) return *height;
   const double width = table.frame().size.width - 2 * UITableViewMetrics::kCardInset;
   // A change of width alone leaves the rows their cells.
   const auto* cell = static_cast<PSTableCell*>(table.cellForRowAtIndexPath(path));

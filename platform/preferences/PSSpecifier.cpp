@@ -1,5 +1,6 @@
 #include "preferences/PSSpecifier.h"
 
+#include <cmath>
 #include <utility>
 
 namespace frelta {
@@ -19,6 +20,12 @@ const PropertyListValue* PSSpecifier::propertyForKey(std::string_view key) const
 const std::string* PSSpecifier::stringForKey(std::string_view key) const {
   const PropertyListValue* value = propertyForKey(key);
   return value ? value->string() : nullptr;
+}
+
+std::optional<double> PSSpecifier::height() const {
+  const PropertyListValue* height = propertyForKey("height");
+  const double points = height ? height->doubleValue() : 0;
+  return std::isfinite(points) && points > 0 ? std::optional(points) : std::nullopt;
 }
 
 void PSSpecifier::setProperty(PropertyListValue value, std::string key) {

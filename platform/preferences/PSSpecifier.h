@@ -35,6 +35,9 @@ class PSSpecifier {
   const std::string* stringForKey(std::string_view key) const;
   void setProperty(PropertyListValue value, std::string key);
 
+  /// The "height" of the row in points; nothing unless it is one.
+  std::optional<double> height() const;
+
   /// The page that reads and writes the row's value; null for none. Not owned.
   PSListController* target() const { return target_; }
   void setTarget(PSListController* target) { target_ = target; }

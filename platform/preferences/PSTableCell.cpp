@@ -1,7 +1,6 @@
 #include "preferences/PSTableCell.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "preferences/PSListController.h"
@@ -36,10 +35,7 @@ void PSTableCell::refreshCellContents() {
 }
 
 std::optional<double> PSTableCell::preferredHeightForWidth(double width) const {
-  if (const PropertyListValue* height = specifier_->propertyForKey("height")) {
-    const double points = height->doubleValue();
-    if (std::isfinite(points) && points > 0) return points;
-  }
+  if (const auto height = specifier_->height()) return height;
   return std::max(UITableView::kDefaultRowHeight, sizeThatFits({width, 0}).height);
 }
 

@@ -1,5 +1,8 @@
 #include "preferences/PSTableCellFactory.h"
 
+#include <exception>
+
+#include "foundation/Log.h"
 #include "preferences/PSButtonTableCell.h"
 #include "preferences/PSEditableTableCell.h"
 #include "preferences/PSListItemTableCell.h"
@@ -19,6 +22,21 @@ UITableViewCellStyle styleOf(PSCellType type) {
   return showsDetail ? UITableViewCellStyle::Value1 : UITableViewCellStyle::Default;
 }
 
+/// Null when there is none, or its class fails to make it: that must cost no more than one row.
+std::unique_ptr<PSTableCell> cellOfClass(const std::string& name, UITableViewCellStyle style,
+                                         const std::string& key,
+                                         const std::shared_ptr<PSSpecifier>& specifier,
+                                         const PSClassRegistry& classes) {
+  const auto* factory = classes.cell(name);
+  if (!factory) return nullptr;
+  try {
+    return (*factory)(style, key, specifier);
+  } catch (const std::exception& exception) {
+    freltaLog("Uncaught exception from " + name + ": " + exception.what());
+    return nullptr;
+  }
+}
+
 }  // namespace
 
 std::string rowKeyOf(const PSSpecifier& specifier) {
@@ -32,9 +50,8 @@ std::unique_ptr<PSTableCell> tableCellForSpecifier(const std::shared_ptr<PSSpeci
   const std::string key = rowKeyOf(*specifier);
   const UITableViewCellStyle style = styleOf(specifier->cellType());
   if (specifier->cellClass()) {
-    if (const auto* factory = classes.cell(*specifier->cellClass())) {
-      if (auto cell = (*factory)(style, key, specifier)) return cell;
-    }
+    if (auto cell = cellOfClass(*specifier->cellClass(), style, key, specifier, classes))
+      return cell;
   }
   switch (specifier->cellType()) {
     using enum PSCellType;

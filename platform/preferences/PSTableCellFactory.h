@@ -12,7 +12,8 @@ namespace frelta {
 std::string rowKeyOf(const PSSpecifier& specifier);
 
 /// A new cell for the row, of its registered class or the framework's own for its kind, not yet
-/// refreshed. A framework cell's reuse identifier is the row's key.
+/// refreshed; the framework's where the class throws. A framework cell's reuse identifier is the
+/// row's key.
 std::unique_ptr<PSTableCell> tableCellForSpecifier(const std::shared_ptr<PSSpecifier>& specifier,
                                                    const PSClassRegistry& classes);
 

@@ -61,7 +61,8 @@ void UIAlertController::userDidPressAction(const UIAlertAction& action) {
 }
 
 std::unique_ptr<UIView> UIAlertController::loadView() {
-  return std::make_unique<UIAlertControllerView>(*this, std::exchange(newTextFields_, {}));
+  return std::make_unique<UIAlertControllerView>(*this, std::move(newContentView_),
+                                                 std::exchange(newTextFields_, {}));
 }
 
 void UIAlertController::viewDidAppear(bool) {

@@ -28,6 +28,9 @@ class UIAlertController : public UIViewController {
   /// Buttons and fields stand in the order in which they are added, before the alert is presented.
   void addAction(std::shared_ptr<UIAlertAction> action);
   void addTextFieldWithConfigurationHandler(const Configure& configure);
+  /// A view between the message and the fields, set before the alert is presented. It is as wide as
+  /// the texts, and as high as its sizeThatFits() says within the room that there is.
+  void setContentView(std::unique_ptr<UIView> view) { newContentView_ = std::move(view); }
   std::span<const std::shared_ptr<UIAlertAction>> actions() const { return actions_; }
   /// Owned by the alert.
   std::span<UITextField* const> textFields() const { return textFields_; }
@@ -52,7 +55,9 @@ class UIAlertController : public UIViewController {
 
   std::string message_;
   std::vector<std::shared_ptr<UIAlertAction>> actions_;
-  std::vector<std::unique_ptr<UITextField>> newTextFields_;  // until the view takes them
+  // Until the alert's view takes them.
+  std::unique_ptr<UIView> newContentView_;
+  std::vector<std::unique_ptr<UITextField>> newTextFields_;
   std::vector<UITextField*> textFields_;
 };
 

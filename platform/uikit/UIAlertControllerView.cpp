@@ -14,6 +14,7 @@ constexpr double kCornerRadius = 14;
 constexpr double kInset = 16;
 constexpr double kVerticalInset = 19;
 constexpr double kTitleGap = 4;
+constexpr double kContentGap = 12;
 constexpr double kFieldsGap = 16;
 constexpr double kFieldHeight = 30;
 constexpr double kFieldGap = 8;
@@ -40,6 +41,7 @@ std::unique_ptr<UIView> coloured(const UIColor& color) {
 }  // namespace
 
 UIAlertControllerView::UIAlertControllerView(UIAlertController& controller,
+                                             std::unique_ptr<UIView> content,
                                              std::vector<std::unique_ptr<UITextField>> fields)
     : controller_(controller) {
   card_ = addSubview(coloured(cardColor()));
@@ -54,6 +56,7 @@ UIAlertControllerView::UIAlertControllerView(UIAlertController& controller,
   message_->setText(controller.message());
   message_->setFont(UIFont::systemFontOfSize(kTextPointSize));
   message_->setTextAlignment(NSTextAlignment::Center);
+  if (content) content_ = card_->addSubview(std::move(content));
   for (auto& field : fields) {
     fieldFrames_.push_back(card_->addSubview(coloured(fieldColor())));
     fieldFrames_.back()->setCornerRadius(kFieldInset);
@@ -104,16 +107,24 @@ void UIAlertControllerView::layoutSubviews() {
       kButtonHeight * (buttonsFitSideBySide(width) ? 1.0 : static_cast<double>(buttons_.size()));
   const double rest = 2 * kVerticalInset + titleHeight + kTitleGap + fieldsHeight + buttonsHeight;
   const double room = std::max(kTextPointSize, size.height - 2 * kSmallestMargin - rest);
-  const double messageHeight = message_->sizeThatFits({textWidth, room}).height;
+  const double messageHeight =
+      controller_.message().empty() ? 0 : message_->sizeThatFits({textWidth, room}).height;
   message_->setFrame({kInset, title_->frame().maxY() + kTitleGap, textWidth, messageHeight});
+  double end = message_->frame().maxY();
+  if (content_) {
+    const CGSize contentRoom{textWidth, std::max(0.0, room - messageHeight - kContentGap)};
+    const double contentHeight = content_->sizeThatFits(contentRoom).height;
+    content_->setFrame({kInset, end + kContentGap, textWidth, contentHeight});
+    end = content_->frame().maxY();
+  }
 
-  double top = message_->frame().maxY() + kFieldsGap;
+  double top = end + kFieldsGap;
   for (std::size_t i = 0; i < fields_.size(); ++i, top += kFieldHeight + kFieldGap) {
     fieldFrames_[i]->setFrame({kInset, top, textWidth, kFieldHeight});
     fields_[i]->setFrame(
         {kFieldInset, 0, std::max(0.0, textWidth - 2 * kFieldInset), kFieldHeight});
   }
-  const double height = layoutButtons(rest - buttonsHeight + messageHeight, width);
+  const double height = layoutButtons(end + fieldsHeight + kVerticalInset, width);
   card_->setFrame(
       {(size.width - width) / 2, std::max(0.0, (size.height - height) / 2), width, height});
 }

@@ -19,8 +19,8 @@ class UIAlertControllerView : public UIView {
   /// Of the message and the fields.
   static constexpr double kTextPointSize = 13;
 
-  /// The controller outlives its view.
-  UIAlertControllerView(UIAlertController& controller,
+  /// The controller outlives its view. No content is a null pointer.
+  UIAlertControllerView(UIAlertController& controller, std::unique_ptr<UIView> content,
                         std::vector<std::unique_ptr<UITextField>> fields);
 
   UIAlertController& controller() const { return controller_; }
@@ -43,6 +43,7 @@ class UIAlertControllerView : public UIView {
   UIView* card_;
   UILabel* title_;
   UITextView* message_;
+  UIView* content_ = nullptr;  // null for none
   std::vector<UIView*> fieldFrames_;
   std::vector<UITextField*> fields_;
   std::vector<UIButton*> buttons_;

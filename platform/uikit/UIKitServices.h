@@ -26,11 +26,14 @@ class PasteboardService {
   virtual void setString(std::string_view text) = 0;
 };
 
+class PicturePickerService;
+
 /// What the kit needs of a back end beside Platform. Same rules: fill, install, keep alive.
 struct UIKitServices {
   TextMeasurer* text = nullptr;
   AddressOpener* addresses = nullptr;
   PasteboardService* pasteboard = nullptr;
+  PicturePickerService* pictures = nullptr;
 
   static const UIKitServices& current();
   static void install(const UIKitServices& services);

@@ -16,6 +16,9 @@ constexpr double kCheckmarkWidth = 16;
 constexpr double kEditingIndent = 38;
 constexpr double kReorderWidth = 22;
 constexpr double kSmallTextSize = 13;
+constexpr double kImageMargin = 6;  // above and below
+constexpr double kImageMaximumWidth = 72;
+constexpr double kImageMinimumHeight = 32;
 constexpr double kSubtitleGap = 2;
 // A detail gives way to its title, but not below this share of the row.
 constexpr double kLeastDetailShare = 0.4;
@@ -34,6 +37,27 @@ UITableViewCell::UITableViewCell(UITableViewCellStyle style, std::string reuseId
   if (style != UITableViewCellStyle::Value2) {
     detailTextLabel_->setTextColor(UIColor::secondaryLabelColor());
   }
+}
+
+UIImageView* UITableViewCell::imageView() {
+  if (!imageView_) {
+    imageView_ = contentView_->addSubview(std::make_unique<UIImageView>());
+    imageView_->setContentMode(UIViewContentMode::ScaleAspectFit);
+  }
+  return imageView_;
+}
+
+CGSize UITableViewCell::imageSize(double rowHeight) const {
+  const CGSize own = imageView_ ? imageView_->sizeThatFits({}) : CGSize();
+  if (!(own.width > 0 && own.height > 0)) return {};
+  const double height = std::max(kImageMinimumHeight, rowHeight - 2 * kImageMargin);
+  const double scale = std::min({1.0, kImageMaximumWidth / own.width, height / own.height});
+  return {own.width * scale, own.height * scale};
+}
+
+double UITableViewCell::textInset(double rowHeight) const {
+  const double width = imageSize(rowHeight).width;
+  return width > 0 ? kMargin + width + kMargin : kMargin;
 }
 
 void UITableViewCell::setAccessoryType(UITableViewCellAccessoryType type) {
@@ -143,8 +167,8 @@ UITableViewCell::TextSizes UITableViewCell::textSizes(double width) const {
 }
 
 CGSize UITableViewCell::sizeThatFits(CGSize size) const {
-  const auto [text, detail] =
-      textSizes(std::max(0.0, trailingEdge(size.width) - leadingEdge() - 2 * kMargin));
+  const auto [text, detail] = textSizes(
+      std::max(0.0, trailingEdge(size.width) - leadingEdge() - textInset(size.height) - kMargin));
   const double height = style_ == UITableViewCellStyle::Subtitle && detail.height > 0
                             ? text.height + kSubtitleGap + detail.height
                             : std::max(text.height, detail.height);
@@ -169,7 +193,13 @@ void UITableViewCell::layoutSubviews() {
   const double trailing = trailingEdge(size.width);
   const double width = std::max(0.0, trailing - leadingEdge());
   contentView_->setFrame({leadingEdge(), 0, width, size.height});
-  layoutTexts({kMargin, 0, std::max(0.0, width - 2 * kMargin), size.height});
+  if (imageView_) {
+    const CGSize image = imageSize(size.height);
+    imageView_->setFrame(
+        {kMargin, std::floor((size.height - image.height) / 2), image.width, image.height});
+  }
+  const double inset = textInset(size.height);
+  layoutTexts({inset, 0, std::max(0.0, width - inset - kMargin), size.height});
 }
 
 void UITableViewCell::layoutTexts(const CGRect& area) {

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "uikit/UIImageView.h"
 #include "uikit/UILabel.h"
 #include "uikit/UITableViewCellReorderControl.h"
 #include "uikit/UITableViewRowAction.h"
@@ -46,6 +47,10 @@ class UITableViewCell : public UIView {
   UIView* contentView() const { return contentView_; }
   UILabel* textLabel() const { return textLabel_; }
   UILabel* detailTextLabel() const { return detailTextLabel_; }
+
+  /// A picture before the text, made on first use; it takes no room while it has no image. It is as
+  /// large as fits the row.
+  UIImageView* imageView();
 
   UITableViewCellAccessoryType accessoryType() const { return accessoryType_; }
   void setAccessoryType(UITableViewCellAccessoryType type);
@@ -98,6 +103,10 @@ class UITableViewCell : public UIView {
   };
   TextSizes textSizes(double width) const;
   double leadingEdge() const;
+  /// The picture's size in a row of that height.
+  CGSize imageSize(double rowHeight) const;
+  /// Points between the contents' edge and the text.
+  double textInset(double rowHeight) const;
   double trailingEdge(double width) const;
   void layoutTexts(const CGRect& area);
 
@@ -114,6 +123,7 @@ class UITableViewCell : public UIView {
   UIView* contentView_ = nullptr;
   UILabel* textLabel_ = nullptr;
   UILabel* detailTextLabel_ = nullptr;
+  UIImageView* imageView_ = nullptr;
   UIView* accessoryView_ = nullptr;
   UITableViewCellReorderControl* reorderControl_ = nullptr;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "preferences/PSTableCell.h"
+
+namespace frelta {
+
+/// Holds the images themes' place until the row lists them: a block of one colour as high as a
+/// fixed list.
+class FreltaThemesCell : public PSTableCell {
+ public:
+  static std::unique_ptr<FreltaThemesCell> initWithSpecifier(
+      std::shared_ptr<PSSpecifier> specifier);
+
+  const std::vector<std::string>& themes() const { return themes_; }
+  void setThemes(std::vector<std::string> themes) { themes_ = std::move(themes); }
+
+  /// 50 points for each entry.
+  std::optional<double> preferredHeightForWidth(double width) const override;
+
+ private:
+  explicit FreltaThemesCell(std::shared_ptr<PSSpecifier> specifier);
+
+  std::vector<std::string> themes_{"Egg", "egg2"};
+};
+
+}  // namespace frelta
