@@ -33,6 +33,7 @@ UIKitServices HostPlatform::uiKitServices() {
   services.text = &text_;
   services.addresses = &addresses_;
   services.pasteboard = &pasteboard_;
+  services.pictures = &pictures_;
   return services;
 }
 

@@ -16,6 +16,7 @@
 #include "quick/QtAddressOpener.h"
 #include "quick/QtMainQueue.h"
 #include "quick/QtPasteboard.h"
+#include "quick/QtPicturePicker.h"
 #include "quick/QtSystemInformation.h"
 #include "quick/QtTextMeasurer.h"
 #include "uikit/UIKitServices.h"
@@ -47,6 +48,7 @@ class HostPlatform {
   QtTextMeasurer text_;
   QtAddressOpener addresses_;
   QtPasteboard pasteboard_;
+  QtPicturePicker pictures_;
 };
 
 }  // namespace frelta

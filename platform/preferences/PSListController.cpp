@@ -147,6 +147,11 @@ std::string PSListController::titleForHeaderInSection(UITableView&, int section)
   return group ? group->name() : std::string();
 }
 
+std::optional<double> PSListController::heightForHeaderInSection(UITableView&, int section) {
+  const auto& group = sections_.at(static_cast<std::size_t>(section)).group;
+  return group ? group->pointsForKey("headerHeight") : std::nullopt;
+}
+
 std::string PSListController::titleForFooterInSection(UITableView&, int section) {
   const auto& group = sections_.at(static_cast<std::size_t>(section)).group;
   const std::string* text = group ? group->stringForKey("footerText") : nullptr;
@@ -155,7 +160,7 @@ std::string PSListController::titleForFooterInSection(UITableView&, int section)
 
 double PSListController::heightForRowAtIndexPath(UITableView& table, IndexPath path) {
   // The cell of a row of a given height need not be made before it is shown.
-  if (const auto height = rowAt(path)->height()) return *height;
+  if (const auto height = rowAt(path)->pointsForKey("height")) return *height;
   const double width = table.frame().size.width - 2 * UITableViewMetrics::kCardInset;
   // A change of width alone leaves the rows their cells.
   const auto* cell = static_cast<PSTableCell*>(table.cellForRowAtIndexPath(path));

@@ -76,6 +76,8 @@ class PSListController : public UIViewController,
   int numberOfRowsInSection(UITableView&, int section) override;
   std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView&, IndexPath path) override;
   std::string titleForHeaderInSection(UITableView&, int section) override;
+  /// The "headerHeight" of the section's group.
+  std::optional<double> heightForHeaderInSection(UITableView&, int section) override;
   std::string titleForFooterInSection(UITableView&, int section) override;
   double heightForRowAtIndexPath(UITableView&, IndexPath path) override;
   std::optional<IndexPath> willSelectRowAtIndexPath(UITableView&, IndexPath path) override;

@@ -22,9 +22,9 @@ const std::string* PSSpecifier::stringForKey(std::string_view key) const {
   return value ? value->string() : nullptr;
 }
 
-std::optional<double> PSSpecifier::height() const {
-  const PropertyListValue* height = propertyForKey("height");
-  const double points = height ? height->doubleValue() : 0;
+std::optional<double> PSSpecifier::pointsForKey(std::string_view key) const {
+  const PropertyListValue* value = propertyForKey(key);
+  const double points = value ? value->doubleValue() : 0;
   return std::isfinite(points) && points > 0 ? std::optional(points) : std::nullopt;
 }
 

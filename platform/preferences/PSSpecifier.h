@@ -35,8 +35,8 @@ class PSSpecifier {
   const std::string* stringForKey(std::string_view key) const;
   void setProperty(PropertyListValue value, std::string key);
 
-  /// The "height" of the row in points; nothing unless it is one.
-  std::optional<double> height() const;
+  /// A length in points, such as "height"; nothing unless it is one.
+  std::optional<double> pointsForKey(std::string_view key) const;
 
   /// The page that reads and writes the row's value; null for none. Not owned.
   PSListController* target() const { return target_; }

@@ -22,20 +22,19 @@ void PSTableCell::setSpecifier(std::shared_ptr<PSSpecifier> specifier) {
 }
 
 void PSTableCell::refreshCellContents() {
-  const bool leadsSomewhere =
-      specifier_->isPressable() && (specifier_->cellType() == PSCellType::PSLinkCell ||
-                                    specifier_->cellType() == PSCellType::PSLinkListCell);
+  const bool isPressable = specifier_->isPressable() || cellAction();
+  const bool leadsSomewhere = isPressable && (specifier_->cellType() == PSCellType::PSLinkCell ||
+                                              specifier_->cellType() == PSCellType::PSLinkListCell);
   textLabel()->setText(specifier_->name());
   setAccessoryType(leadsSomewhere ? UITableViewCellAccessoryType::DisclosureIndicator
                                   : UITableViewCellAccessoryType::None);
-  setSelectionStyle(specifier_->isPressable() || cellAction()
-                        ? UITableViewCellSelectionStyle::Default
-                        : UITableViewCellSelectionStyle::None);
+  setSelectionStyle(isPressable ? UITableViewCellSelectionStyle::Default
+                                : UITableViewCellSelectionStyle::None);
   setNeedsLayout();
 }
 
 std::optional<double> PSTableCell::preferredHeightForWidth(double width) const {
-  if (const auto height = specifier_->height()) return height;
+  if (const auto height = specifier_->pointsForKey("height")) return height;
   return std::max(UITableView::kDefaultRowHeight, sizeThatFits({width, 0}).height);
 }
 

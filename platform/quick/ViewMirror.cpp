@@ -9,6 +9,7 @@
 #include "quick/ControlNodes.h"
 #include "quick/EventGuard.h"
 #include "quick/ImageNode.h"
+#include "quick/PickerNode.h"
 #include "quick/TableNodes.h"
 #include "quick/TextNodes.h"
 #include "quick/TextViewNode.h"
@@ -99,6 +100,9 @@ std::unique_ptr<ViewNode> ViewMirror::makeNode(UIView& view) {
     return std::make_unique<NavigationBarNode>(*v, *this);
   }
   if (auto* v = dynamic_cast<UITextView*>(&view)) return std::make_unique<TextViewNode>(*v, *this);
+  if (auto* v = dynamic_cast<UIImagePickerControllerView*>(&view)) {
+    return std::make_unique<PickerNode>(*v, *this);
+  }
   if (auto* v = dynamic_cast<UIAlertControllerView*>(&view)) {
     return std::make_unique<AlertNode>(*v, *this);
   }

@@ -300,7 +300,9 @@ void UITableView::askForLayout() {
   layout_.clear(layoutWidth_);
   const int sections = dataSource_ ? dataSource_->numberOfSectionsInTableView(*this) : 0;
   for (int section = 0; section < sections; ++section) {
-    layout_.beginSection(dataSource_->titleForHeaderInSection(*this, section));
+    layout_.beginSection(
+        dataSource_->titleForHeaderInSection(*this, section),
+        delegate_ ? delegate_->heightForHeaderInSection(*this, section) : std::nullopt);
     const int rows = dataSource_->numberOfRowsInSection(*this, section);
     for (int row = 0; row < rows; ++row) {
       layout_.addRow(delegate_ ? delegate_->heightForRowAtIndexPath(*this, {section, row})

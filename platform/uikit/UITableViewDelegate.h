@@ -17,6 +17,8 @@ class UITableViewDelegate {
   virtual ~UITableViewDelegate() = default;
   /// Height of the row in points; asked once for each reload or update.
   virtual double heightForRowAtIndexPath(UITableView&, IndexPath);
+  /// Room above the rows of a section without a title, points; nothing for the style's own.
+  virtual std::optional<double> heightForHeaderInSection(UITableView&, int) { return std::nullopt; }
   /// The row to select in place of that one, or nothing to refuse.
   virtual std::optional<IndexPath> willSelectRowAtIndexPath(UITableView&, IndexPath path) {
     return path;

@@ -32,12 +32,15 @@ void UITableViewLayout::clear(double width) {
   bottom_ = 0;
 }
 
-void UITableViewLayout::beginSection(std::string header) {
+void UITableViewLayout::beginSection(std::string header, std::optional<double> headerHeight) {
   Section section;
   const bool grouped = style_ != UITableViewStyle::Plain;
   const double inset = cardInset() + kTextInset;
   const double textWidth = std::max(0.0, width_ - 2 * inset);
-  if (grouped) bottom_ += sections_.empty() && header.empty() ? kSectionGap / 2 : kSectionGap;
+  if (header.empty() && headerHeight)
+    bottom_ += std::max(0.0, *headerHeight);
+  else if (grouped)
+    bottom_ += sections_.empty() && header.empty() ? kSectionGap / 2 : kSectionGap;
   if (!header.empty()) {
     section.headerFrame = {inset, bottom_, textWidth, textHeight(header, textWidth)};
     bottom_ = section.headerFrame.maxY() + kHeaderBottomGap;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -29,7 +30,8 @@ class UITableViewLayout {
 
   void clear(double width);
   /// Sections come from the top down: begin, the heights of its rows, end.
-  void beginSection(std::string header);
+  /// Without a title the height, in points, is the room above the rows in place of the style's own.
+  void beginSection(std::string header, std::optional<double> headerHeight = std::nullopt);
   void addRow(double height);
   void endSection(std::string footer);
   /// After the last section.

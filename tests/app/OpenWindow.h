@@ -8,6 +8,7 @@
 #include "app/SettingsApplication.h"
 #include "app/TourDriver.h"
 #include "fake/FakePasteboard.h"
+#include "fake/FakePicturePicker.h"
 #include "fake/FakePlatform.h"
 #include "foundation/PropertyListFiles.h"
 #include "painting/QtImageServices.h"
@@ -30,6 +31,7 @@ class OpenWindow {
     UIKitServices kit;
     kit.text = &text_;
     kit.pasteboard = clipboard;
+    kit.pictures = &pictures;
     application = std::make_unique<SettingsApplication>(services, GraphicsServices{&images_}, kit,
                                                         appearance);
     QString error;
@@ -74,6 +76,7 @@ class OpenWindow {
   Platform services;
   FakePasteboard pasteboard;
   PasteboardService* clipboard = &pasteboard;  // not owned
+  FakePicturePicker pictures;
   Appearance appearance;
 
  private:

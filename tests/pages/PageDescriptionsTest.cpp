@@ -100,7 +100,7 @@ TEST_F(PageDescriptionsTest, OfferTheBackgroundModesInOrder) {
   EXPECT_LE(segment->control()->sizeThatFits({}).width, segment->control()->frame().size.width);
 }
 
-TEST_F(PageDescriptionsTest, RowsThatLeadNowhereYetSayNothingFalse) {
+TEST_F(PageDescriptionsTest, OnlyRowsThatDoSomethingCanBePressed) {
   putSettings({{"BackgroundMode", 2}, {"SwitchPresetsWithDarkMode", 1}});
   const auto page = showRoot();
 
@@ -112,9 +112,11 @@ TEST_F(PageDescriptionsTest, RowsThatLeadNowhereYetSayNothingFalse) {
     }
   }
 
-  EXPECT_THAT(pressable, ElementsAre("Settings", "backgroundImageContentModeInt", "CurrentPreset",
-                                     "FreltaPresetsLightMode", "FreltaPresetsDarkMode", "Respring",
-                                     "Twitter", "Support"));
+  EXPECT_THAT(pressable,
+              ElementsAre("Settings", "FreltaImageCell", "backgroundImageContentModeInt",
+                          "CustomBackgroundColour", "CustomTextColour", "CustomKeyCapColour",
+                          "CurrentPreset", "FreltaPresetsLightMode", "FreltaPresetsDarkMode",
+                          "Respring", "Twitter", "Support"));
 }
 
 TEST_F(PageDescriptionsTest, TheAdvancedPageIsNotEmptyWhileTheMasterSwitchIsOff) {
@@ -123,7 +125,30 @@ TEST_F(PageDescriptionsTest, TheAdvancedPageIsNotEmptyWhileTheMasterSwitchIsOff)
 
   show(page);
 
-  EXPECT_THAT(identifiers(*page), ElementsAre("Enabled", "RespringLabel", "Respring"));
+  EXPECT_THAT(identifiers(*page),
+              ElementsAre("Enabled", "RespringGroup", "RespringLabel", "Respring"));
+}
+
+TEST_F(PageDescriptionsTest, KeepTheGroupsOfTheRowsThatAreAlwaysThere) {
+  putSettings({{"Enabled", 0}});
+
+  const auto page = showRoot();
+
+  EXPECT_THAT(shownRows(*page),
+              ElementsAre(ElementsAre("FreltaBannerCell"), ElementsAre("Enabled", "Settings"),
+                          ElementsAre("RespringLabel", "Respring"),
+                          ElementsAre("Twitter", "Support"), ElementsAre("FreltaFooterCell")));
+}
+
+TEST_F(PageDescriptionsTest, LeadToTheSelectorFromTheRowOfEachKind) {
+  std::map<std::string, std::string> actions;
+  for (const PSSpecifier& item : description("Root").items) {
+    if (item.action()) actions[*item.stringForKey("key")] = *item.action();
+  }
+
+  EXPECT_EQ(actions["FreltaThemesCell"], "selectTheme");
+  EXPECT_EQ(actions["FreltaHTMLCell"], "selectHTML");
+  EXPECT_EQ(actions["FreltaWidgetCell"], "selectWidget");
 }
 
 TEST_F(PageDescriptionsTest, TheBundleNamesTheRootPage) {

@@ -27,6 +27,10 @@ class PagesTest : public ListPageTest {
   PagesTest() {
     registerPages(bundle.registry);
     registerPresets(bundle.registry);
+    // The style selector's, which is a part of its own.
+    for (const char* action : {"selectTheme", "selectHTML", "selectWidget"}) {
+      bundle.registry.registerAction(action, [](UIViewController&, PSSpecifier&) {});
+    }
     bundle.resources["Root.plist"] = resourceNamed("Root.plist");
     bundle.resources["Advanced.plist"] = resourceNamed("Advanced.plist");
     FreltaPreferencesManager::clearCache();

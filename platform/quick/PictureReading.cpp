@@ -1,0 +1,40 @@
+#include "quick/PictureReading.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <string_view>
+
+#include "graphics/GraphicsServices.h"
+
+namespace frelta {
+
+namespace {
+
+PicturePickerService::Result failure(const QString& sentence) {
+  return {nullptr, sentence.toStdString()};
+}
+
+}  // namespace
+
+PicturePickerService::Result readPicture(const QString& path) {
+  // Opening a pipe or a device could wait for ever.
+  if (!QFileInfo(path).isFile()) {
+    return failure(QObject::tr("There is no file of that name, or it is not an ordinary one."));
+  }
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return failure(QObject::tr("The file cannot be read."));
+  if (file.size() > static_cast<qint64>(ImageServices::kMaximumBytes)) {
+    return failure(
+        QObject::tr("The file is larger than %1 MB.").arg(ImageServices::kMaximumBytes >> 20));
+  }
+  const QByteArray bytes = file.readAll();
+  auto picture = GraphicsServices::current().images->imageWithData(
+      std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+  if (picture) return {std::move(picture), {}};
+  return failure(
+      QObject::tr(
+          "It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.")
+          .arg(ImageServices::kMaximumPixels / 1'000'000));
+}
+
+}  // namespace frelta

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QObject>
+#include <QThreadPool>
+#include <memory>
+
+#include "uikit/PicturePickerService.h"
+
+class QQmlEngine;
+
+namespace frelta {
+
+/// Qt's file dialogue, which is the desktop's own where Qt has one for it. It is loaded when it is
+/// first needed. Pictures are read beside the main thread.
+class QtPicturePicker : public QObject, public PicturePickerService {
+  Q_OBJECT
+
+ public:
+  QtPicturePicker();
+  /// Waits for a picture that is being read.
+  ~QtPicturePicker() override;
+
+  bool isAvailable() const override { return true; }
+  void pickPicture(Handlers handlers) override;
+  void cancel() override;
+
+  /// The dialogue, with the properties of QtQuick.Dialogs' FileDialog; null before the first
+  /// question, and where it cannot be loaded.
+  QObject* dialog() const { return dialog_; }
+
+ private Q_SLOTS:
+  void accepted();
+  void rejected();
+
+ private:
+  void load();
+  void finish(const Result& result);
+
+  std::unique_ptr<QQmlEngine> engine_;
+  QObject* dialog_ = nullptr;  // owned as a child
+  Handlers handlers_;
+  int question_ = 0;  // tells the answers to questions taken back
+  QThreadPool reader_;
+};
+
+}  // namespace frelta
