@@ -1,7 +1,5 @@
 #include "pages/FreltaBannerCell.h"
 
-#include "graphics/GraphicsServices.h"
-#include "painting/QtImageServices.h"
 #include "tests/pages/PagesTest.h"
 
 namespace frelta {
@@ -9,9 +7,6 @@ namespace {
 
 class FreltaBannerCellTest : public PagesTest {
  protected:
-  FreltaBannerCellTest() { GraphicsServices::install({&images}); }
-  ~FreltaBannerCellTest() override { GraphicsServices::install({}); }
-
   std::unique_ptr<FreltaBannerCell> makeBanner() {
     return FreltaBannerCell::initWithSpecifier(
         std::make_shared<PSSpecifier>(PSCellType::PSStaticTextCell, "FreltaBannerCell"));
@@ -30,8 +25,6 @@ class FreltaBannerCellTest : public PagesTest {
     platform.put("/Library/PreferenceBundles/freltaprefs.bundle/iconlarge.png",
                  UIImagePNGRepresentation(*square(80)).value());
   }
-
-  QtImageServices images;
 };
 
 TEST_F(FreltaBannerCellTest, AsksForARowOf150PointsWhateverTheWidth) {

@@ -3,9 +3,12 @@
 #include <fstream>
 #include <iterator>
 
+#include "fake/FakePicturePicker.h"
+#include "graphics/GraphicsServices.h"
 #include "pages/PagesRegistration.h"
 #include "pages/freltaAdvancedprefsRootListController.h"
 #include "pages/freltaprefsRootListController.h"
+#include "painting/QtImageServices.h"
 #include "presets/PresetsRegistration.h"
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
@@ -25,6 +28,10 @@ class PagesTest : public ListPageTest {
   using Operation = FailingFiles::Operation;
 
   PagesTest() {
+    GraphicsServices::install({&images_});
+    UIKitServices services = UIKitServices::current();
+    services.pictures = &pictures;
+    UIKitServices::install(services);
     registerPages(bundle.registry);
     registerPresets(bundle.registry);
     // The style selector's, which is a part of its own.
@@ -40,6 +47,7 @@ class PagesTest : public ListPageTest {
     if (const auto page = freltaprefsRootListController::currentRootPage()) {
       page->viewWillDisappear(false);
     }
+    GraphicsServices::install({});
   }
 
   void describeRoot(Array items) {
@@ -67,6 +75,18 @@ class PagesTest : public ListPageTest {
     for (const auto& row : page.specifiers()) result.push_back(row->identifier());
     return result;
   }
+  static std::vector<std::string> rowIdentifiers(PSListController& page) {
+    std::vector<std::string> result;
+    for (const auto& row : page.specifiers()) {
+      if (!row->isGroup()) result.push_back(row->identifier());
+    }
+    return result;
+  }
+
+  FakePicturePicker pictures;
+
+ private:
+  QtImageServices images_;
 };
 
 }  // namespace frelta

@@ -60,8 +60,12 @@ TEST_P(RootPageFilterTest, MasterSwitchOffLeavesOnlyTheRowsThatAlwaysShow) {
 
   const auto page = showRoot();
 
-  EXPECT_EQ(identifiers(*page), kAlwaysVisible);
-  EXPECT_THAT(shownRows(*page), ElementsAre(kAlwaysVisible));
+  EXPECT_EQ(rowIdentifiers(*page), kAlwaysVisible);
+  for (const auto& specifier : page->specifiers()) {
+    const std::string* key = specifier->stringForKey("key");
+    ASSERT_TRUE(key) << specifier->identifier();
+    EXPECT_THAT(kAlwaysVisible, testing::Contains(*key));
+  }
 }
 
 const std::vector<std::string> kPresetRows{"FreltaPresetsLightMode", "FreltaPresetsDarkMode",
@@ -115,7 +119,7 @@ TEST_F(PagesTest, WronglyTypedSettingsFilterAsOffAndZero) {
                {"BackgroundMode", Dictionary{}},
                {"SwitchPresetsWithDarkMode", "no"}});
   const auto off = showRoot();
-  const auto whileOff = identifiers(*off);
+  const auto whileOff = rowIdentifiers(*off);
   putSettings({{"Enabled", "yes"}, {"BackgroundMode", "3"}, {"SwitchPresetsWithDarkMode", 0.5}});
 
   off->reloadSpecifiers();

@@ -184,7 +184,7 @@ TEST_F(RootPageValuesTest, TheMasterSwitchRebuildsThePageUnderTheFinger) {
   cell<PSSwitchTableCell>(*page, "Enabled")->control()->toggle();
   layout();
 
-  EXPECT_EQ(page->specifiers().size(), 8u);
+  EXPECT_EQ(rowIdentifiers(*page).size(), 8u);
   EXPECT_EQ(cell(*page, "Enabled"), before);
   EXPECT_FALSE(cell<PSSwitchTableCell>(*page, "Enabled")->control()->isOn());
   EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));

@@ -1,0 +1,255 @@
+#include "pages/FreltaImageCell.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "tests/pages/PagesTest.h"
+#include "uikit/UIWindow.h"
+
+namespace frelta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class FreltaImageCellTest : public PagesTest {
+ protected:
+  FreltaImageCellTest() {
+    describeRoot({row("PSLinkCell", "FreltaImageCell", {{"cellClass", "FreltaImageCell"}})});
+  }
+  void open(Dictionary settings = {}) {
+    settings.insert_or_assign("BackgroundMode", 2);
+    putSettings(settings);
+    page = showRoot();
+    window.setFrame({0, 0, 320, 600});
+    window.setRootViewController(navigation);
+  }
+  FreltaImageCell& imageCell() { return *cell<FreltaImageCell>(*page, "FreltaImageCell"); }
+  const UIImage* shown() { return imageCell().imageView()->image().get(); }
+  static std::shared_ptr<const UIImage> picture(int width, int height) {
+    const std::size_t size = std::size_t{4} * static_cast<std::size_t>(width * height);
+    const auto pixels = std::make_shared<std::vector<std::uint8_t>>(size, 255);
+    return std::make_shared<UIImage>(width, height, 1,
+                                     std::shared_ptr<const std::uint8_t>(pixels, pixels->data()));
+  }
+  void putPicture(std::string_view where, int width, int height) {
+    platform.put(where, UIImagePNGRepresentation(*picture(width, height)).value());
+  }
+  const std::vector<std::string>& posted() const { return platform.notifications.posted; }
+
+  const std::string path{kBackgroundImagePath};
+  std::shared_ptr<freltaprefsRootListController> page;
+  UIWindow window;
+};
+
+TEST_F(FreltaImageCellTest, ATapPresentsAPickerFromTheRootPage) {
+  open();
+
+  tap(*page, "FreltaImageCell");
+
+  ASSERT_THAT(window.presentedViewControllers(), SizeIs(1));
+  const auto* picker =
+      dynamic_cast<UIImagePickerController*>(window.presentedViewControllers()[0].get());
+  ASSERT_TRUE(picker);
+  EXPECT_EQ(picker->sourceType(), UIImagePickerControllerSourceType::PhotoLibrary);
+  EXPECT_EQ(picker->delegate(), &imageCell());
+  EXPECT_EQ(pictures.questions, 1);
+  EXPECT_THAT(posted(), IsEmpty());
+}
+
+TEST_F(FreltaImageCellTest, ATapDoesNothingWithoutAPhotoLibrary) {
+  open();
+  pictures.available = false;
+
+  tap(*page, "FreltaImageCell");
+
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+  EXPECT_EQ(pictures.questions, 0);
+}
+
+TEST_F(FreltaImageCellTest, ATapShowsNothingWhileThereIsNoRootPage) {
+  open();
+  FreltaImageCell& cell = imageCell();
+  page->viewWillDisappear(false);
+
+  cell.openImagePicker();
+
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+  EXPECT_EQ(pictures.questions, 0);
+}
+
+TEST_F(FreltaImageCellTest, APickedPictureIsStoredAsPNGNamedInTheSettingsAndToldOnce) {
+  open({{"HideKeyCaps", 0}, {"Foreign", Array{1, "two"}}});
+  const Dictionary before = settingsFile();
+  tap(*page, "FreltaImageCell");
+  platform.files.resetCalls();
+
+  pictures.finish({picture(6, 4), {}});
+  layout();
+
+  Dictionary expected = before;
+  expected["backgroundImage"] = path;
+  EXPECT_EQ(settingsFile(), expected);
+  const auto stored = UIImage::imageWithContentsOfFile(path);
+  ASSERT_TRUE(stored);
+  EXPECT_EQ(stored->size(), (CGSize{6, 4}));
+  EXPECT_TRUE(platform.get(path).starts_with("\x89PNG"));
+  EXPECT_EQ(platform.files.count(Operation::Write), 2u);
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
+}
+
+TEST_F(FreltaImageCellTest, AnotherPictureReplacesTheOldFile) {
+  putPicture(path, 9, 9);
+  open({{"backgroundImage", path}});
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(UIImage::imageWithContentsOfFile(path)->size(), (CGSize{6, 4}));
+  EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
+}
+
+TEST_F(FreltaImageCellTest, ThePickLeavesTheManagersCacheAsItIs) {
+  open();
+  FreltaPreferencesManager::getPrefs();
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(FreltaPreferencesManager::getPrefForKey("backgroundImage"), nullptr);
+}
+
+TEST_F(FreltaImageCellTest, WithoutAPictureNothingIsWrittenButTheRefreshIsPosted) {
+  open();
+  tap(*page, "FreltaImageCell");
+  platform.files.resetCalls();
+
+  pictures.finish({});
+
+  EXPECT_EQ(platform.files.count(Operation::Write), 0u);
+  EXPECT_EQ(platform.files.count(Operation::CreateDirectory), 0u);
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+  EXPECT_EQ(shown(), nullptr);
+}
+
+TEST_F(FreltaImageCellTest, AMissingFolderIsMade) {
+  open();
+  ASSERT_FALSE(platform.files.directoryExistsAtPath(kUserImagesFolder));
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_TRUE(platform.files.fileExistsAtPath(path));
+}
+
+TEST_F(FreltaImageCellTest, AWriteThatFailsIsPassedOverAndLeavesTheOldPicture) {
+  putPicture(path, 9, 9);
+  open({{"backgroundImage", path}});
+  const std::string before = platform.get(path);
+  tap(*page, "FreltaImageCell");
+  platform.files.fail(Operation::Write);
+  platform.files.fail(Operation::CreateDirectory);
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(platform.get(path), before);
+  EXPECT_EQ(shown()->size(), (CGSize{9, 9}));
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+TEST_F(FreltaImageCellTest, OnlyThePictureFailingToBeWrittenStillNamesItInTheSettings) {
+  open();
+  // A folder in the file's place, as a full or read-only disk would, refuses the one write.
+  std::filesystem::create_directories(platform.hostPath(path) / "in the way");
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(settingsFile().at("backgroundImage"), PropertyListValue(path));
+  EXPECT_EQ(shown(), nullptr);
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+}
+
+TEST_F(FreltaImageCellTest, ShowsThePictureThatTheSettingsFileNamesFromTheStart) {
+  putPicture("/Library/Frelta/UserImages/other.png", 30, 20);
+
+  open({{"backgroundImage", "/Library/Frelta/UserImages/other.png"}});
+
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{30, 20}));
+}
+
+TEST_F(FreltaImageCellTest, KeepsWhatItShowsWhenThePictureCannotBeRead) {
+  putPicture(path, 9, 9);
+  open({{"backgroundImage", path}});
+  const UIImage* before = shown();
+  const auto named = [&](const PropertyListValue& value) {
+    putSettings({{"BackgroundMode", 2}, {"backgroundImage", value}});
+    imageCell().loadImageFromDict();
+    return shown();
+  };
+  platform.put("/truncated.png", platform.get(path).substr(0, 40));
+  platform.put("/empty.png", "");
+  platform.put("/text.png", "no picture");
+  std::filesystem::create_directory(platform.hostPath("/folder.png"));
+  ASSERT_EQ(::mkfifo(platform.hostPath("/fifo.png").c_str(), 0600), 0);
+  std::filesystem::create_symlink("/etc/hostname", platform.hostPath("/absolute.png"));
+
+  for (const char* bad : {"/truncated.png", "/empty.png", "/text.png", "/folder.png", "/fifo.png",
+                          "/absolute.png", "/missing.png", "../../../etc/hostname", "", "/"}) {
+    EXPECT_EQ(named(bad), before) << bad;
+  }
+  EXPECT_EQ(named(7), before);
+  EXPECT_EQ(named(Array{path}), before);
+  putSettings({{"BackgroundMode", 2}});
+  imageCell().loadImageFromDict();
+  EXPECT_EQ(shown(), before);
+}
+
+TEST_F(FreltaImageCellTest, IsItsOwnTargetAndKeepsItsOptions) {
+  open();
+  FreltaImageCell& cell = imageCell();
+
+  cell.setOptions(Dictionary{{"a", 1}});
+
+  EXPECT_EQ(&cell.target(), &cell);
+  EXPECT_EQ(&cell.cellTarget(), &cell);
+  EXPECT_TRUE(cell.action());
+  EXPECT_TRUE(cell.specifier()->buttonAction());
+  EXPECT_EQ(cell.options(), (Dictionary{{"a", 1}}));
+}
+
+TEST_F(FreltaImageCellTest, ARowThatOutlivesItsCellDoesNothing) {
+  const auto row = std::make_shared<PSSpecifier>(PSCellType::PSLinkCell, "row");
+  open();
+  {
+    UIView superview;
+    superview.addSubview(std::make_unique<FreltaImageCell>(UITableViewCellStyle::Default, "", row));
+  }
+
+  row->buttonAction()();
+
+  EXPECT_EQ(pictures.questions, 0);
+}
+
+TEST_F(FreltaImageCellTest, APickerThatOutlivesTheCellClosesByItself) {
+  open();
+  tap(*page, "FreltaImageCell");
+
+  page->reloadSpecifiers();
+  layout();
+  layout();
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace frelta
