@@ -93,7 +93,8 @@ def described(page):
     ).split()
     names = []
     for item in plistlib.loads(page.read_bytes())["items"]:
-        if item["cell"] == "PSGroupCell" or item["key"] in hidden:
+        # The footer's text is not in the description.
+        if item["cell"] == "PSGroupCell" or item["key"] in hidden + ["FreltaFooterCell"]:
             continue
         names += [item["label"]] if "label" in item else item["validTitles"]
     return names
