@@ -23,8 +23,7 @@ QtPicturePicker::~QtPicturePicker() {
   delete dialog_;
 }
 
-void QtPicturePicker::load() {
-  if (dialog_) return;
+void QtPicturePicker::open() {
   if (!engine_) engine_ = std::make_unique<QQmlEngine>();
   QQmlComponent component(engine_.get(),
                           QUrl(QStringLiteral("qrc:/Frelta/Quick/qml/PictureDialog.qml")));
@@ -33,10 +32,21 @@ void QtPicturePicker::load() {
       {{QStringLiteral("currentFolder"), QUrl::fromLocalFile(folder)}});
   if (!dialog_) {
     freltaLog("QtPicturePicker " + component.errorString().toStdString());
+    finish({nullptr, tr("There is no file dialogue on this system.").toStdString()});
     return;
   }
   connect(dialog_, SIGNAL(accepted()), this, SLOT(accepted()));
   connect(dialog_, SIGNAL(rejected()), this, SLOT(rejected()));
+  const QWindowList windows = QGuiApplication::topLevelWindows();
+  QWindow* window = QGuiApplication::focusWindow();
+  if (!window && !windows.isEmpty()) window = windows.constFirst();
+  dialog_->setProperty("parentWindow", QVariant::fromValue(window));
+  QMetaObject::invokeMethod(dialog_, "open");
+}
+
+// It is the dialogue that tells of its end, and not through yet.
+void QtPicturePicker::closeLater() {
+  if (QObject* dialog = std::exchange(dialog_, nullptr)) dialog->deleteLater();
 }
 
 void QtPicturePicker::pickPicture(Handlers handlers) {
@@ -47,17 +57,7 @@ void QtPicturePicker::pickPicture(Handlers handlers) {
   QMetaObject::invokeMethod(
       this,
       [this, question] {
-        if (question != question_) return;
-        load();
-        if (!dialog_) {
-          finish({nullptr, tr("There is no file dialogue on this system.").toStdString()});
-          return;
-        }
-        const QWindowList windows = QGuiApplication::topLevelWindows();
-        QWindow* window = QGuiApplication::focusWindow();
-        if (!window && !windows.isEmpty()) window = windows.constFirst();
-        dialog_->setProperty("parentWindow", QVariant::fromValue(window));
-        QMetaObject::invokeMethod(dialog_, "open");
+        if (question == question_) open();
       },
       Qt::QueuedConnection);
 }
@@ -65,12 +65,13 @@ void QtPicturePicker::pickPicture(Handlers handlers) {
 void QtPicturePicker::cancel() {
   ++question_;
   handlers_ = {};
-  if (dialog_) QMetaObject::invokeMethod(dialog_, "close");
+  delete std::exchange(dialog_, nullptr);
 }
 
 void QtPicturePicker::accepted() {
   if (!handlers_.didFinish) return;
   const QString path = dialog_->property("selectedFile").toUrl().toLocalFile();
+  closeLater();
   guardEvent(handlers_.didChoose);
   reader_.start([this, path, question = question_] {
     Result result = readPicture(path);
@@ -84,6 +85,7 @@ void QtPicturePicker::accepted() {
 }
 
 void QtPicturePicker::rejected() {
+  closeLater();
   if (handlers_.didFinish) finish({});
 }
 

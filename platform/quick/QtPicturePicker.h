@@ -24,8 +24,7 @@ class QtPicturePicker : public QObject, public PicturePickerService {
   void pickPicture(Handlers handlers) override;
   void cancel() override;
 
-  /// The dialogue, with the properties of QtQuick.Dialogs' FileDialog; null before the first
-  /// question, and where it cannot be loaded.
+  /// The dialogue, with the properties of QtQuick.Dialogs' FileDialog; null while it is not open.
   QObject* dialog() const { return dialog_; }
 
  private Q_SLOTS:
@@ -33,11 +32,13 @@ class QtPicturePicker : public QObject, public PicturePickerService {
   void rejected();
 
  private:
-  void load();
+  void open();
+  void closeLater();
   void finish(const Result& result);
 
   std::unique_ptr<QQmlEngine> engine_;
-  QObject* dialog_ = nullptr;  // owned as a child
+  /// Lives no longer than the question: it may be a part of the window that asks.
+  QObject* dialog_ = nullptr;
   Handlers handlers_;
   int question_ = 0;  // tells the answers to questions taken back
   QThreadPool reader_;

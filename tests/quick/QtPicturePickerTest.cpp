@@ -34,7 +34,14 @@ class WatchedImages : public ImageServices {
 
 class QtPicturePickerTest : public WindowTest {
  protected:
-  QtPicturePickerTest() { GraphicsServices::install({&images}); }
+  QtPicturePickerTest() {
+    GraphicsServices::install({&images});
+    // Where the user keeps his pictures.
+    qputenv("XDG_CONFIG_HOME", config.path().toLocal8Bit());
+    QFile file(config.filePath(QStringLiteral("user-dirs.dirs")));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("XDG_PICTURES_DIR=\"" + folder.path().toLocal8Bit() + "\"\n");
+  }
   ~QtPicturePickerTest() override { GraphicsServices::install({}); }
 
   QString put(const char* name, const QByteArray& bytes) {
@@ -54,13 +61,18 @@ class QtPicturePickerTest : public WindowTest {
     ASSERT_TRUE(QTest::qWaitFor(
         [this] { return picker.dialog() && picker.dialog()->property("visible").toBool(); }));
   }
-  /// As pressing the dialogue's Open button does.
-  void choose(const QString& path) {
-    picker.dialog()->setProperty("selectedFile", QUrl::fromLocalFile(path));
-    QMetaObject::invokeMethod(picker.dialog(), "accept");
+  /// Marks the first file with the arrow key and opens it, as soon as the dialogue has listed it.
+  void chooseFirst() {
+    ASSERT_TRUE(QTest::qWaitFor([this] {
+      if (chosen > 0) return true;
+      QTest::keyClick(window.get(), Qt::Key_Down);
+      QTest::keyClick(window.get(), Qt::Key_Return);
+      return chosen > 0;
+    }));
   }
 
   QTemporaryDir folder;
+  QTemporaryDir config;
   WatchedImages images;
   int chosen = 0;
   std::vector<PicturePickerService::Result> results;
@@ -73,10 +85,10 @@ TEST_F(QtPicturePickerTest, LoadsNothingBeforeItIsAsked) {
 }
 
 TEST_F(QtPicturePickerTest, HandsOverAPictureThatWasReadBesideTheMainThread) {
-  const QString path = put("a.png", "a picture");
+  put("a.png", "a picture");
   ASSERT_NO_FATAL_FAILURE(ask());
 
-  choose(path);
+  ASSERT_NO_FATAL_FAILURE(chooseFirst());
   const bool finished = QTest::qWaitFor([this] { return !results.empty(); });
 
   ASSERT_TRUE(finished);
@@ -101,10 +113,10 @@ TEST_F(QtPicturePickerTest, TellsThatNothingWasChosen) {
 }
 
 TEST_F(QtPicturePickerTest, SaysNothingMoreAfterTheQuestionWasTakenBack) {
-  const QString path = put("a.png", "a picture");
+  put("a.png", "a picture");
   ASSERT_NO_FATAL_FAILURE(ask());
 
-  choose(path);
+  ASSERT_NO_FATAL_FAILURE(chooseFirst());
   picker.cancel();
   ASSERT_TRUE(QTest::qWaitFor([this] { return images.thread != nullptr; }));
   for (int i = 0; i < 20; ++i) settle();
@@ -113,13 +125,13 @@ TEST_F(QtPicturePickerTest, SaysNothingMoreAfterTheQuestionWasTakenBack) {
 }
 
 TEST_F(QtPicturePickerTest, AsksAgain) {
-  const QString path = put("a.png", "a picture");
+  put("a.png", "a picture");
   ASSERT_NO_FATAL_FAILURE(ask());
   QMetaObject::invokeMethod(picker.dialog(), "reject");
   settle();
 
   ASSERT_NO_FATAL_FAILURE(ask());
-  choose(path);
+  ASSERT_NO_FATAL_FAILURE(chooseFirst());
   ASSERT_TRUE(QTest::qWaitFor([this] { return results.size() > 1; }));
 
   EXPECT_TRUE(results[1].picture);

@@ -1,5 +1,10 @@
 import QtQuick
+// What the dialogue is made of where the desktop has none of its own. It ends the program when one
+// is missing, so that is found out here.
+import QtQuick.Controls
+import QtQuick.Layouts
 import QtQuick.Dialogs
+import Qt.labs.folderlistmodel
 
 FileDialog {
     title: qsTr("Choose a picture")
