@@ -12,7 +12,7 @@ class PSTableCell;
 class TarnoColourPickerCellProtocol {
  public:
   virtual ~TarnoColourPickerCellProtocol() = default;
-  /// The colour stored under the key, in the colour picker's form; nothing when there is none.
+  /// The colour stored under the key, as it stands; nothing when there is none.
   virtual std::optional<std::string> colourStringForKey(const PSTableCell& cell,
                                                         std::string_view key) = 0;
 };

@@ -24,7 +24,7 @@ enum class SettingKind {
   Integer,   // signed, 32 bits
   Path,      // string, a full device path
   PathList,  // array of such strings
-  Colour     // string in the colour picker's form
+  Colour     // string of the form "#RRGGBBAA"
 };
 
 struct SettingKey {

@@ -10,9 +10,15 @@
 
 namespace frelta {
 
+namespace {
+// More than any window shows; laying out megabytes in one line would stop it.
+constexpr qsizetype kLongestLine = 2000;
+}  // namespace
+
 void LabelNode::syncContents() {
   const UILabel& label = *viewAs<UILabel>(*this);
   text_ = QString::fromStdString(label.text());
+  if (label.numberOfLines() == 1) text_.truncate(kLongestLine);
   font_ = qtFont(label.font());
   color_ = mirror().theme().resolve(label.textColor());
   alignment_ = qtAlignment(label.textAlignment(), mirror().isRightToLeft());

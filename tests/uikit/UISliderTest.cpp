@@ -72,6 +72,29 @@ TEST_F(UISliderTest, ADragThatComesBackSendsNone) {
   EXPECT_EQ(events, 0);
 }
 
+TEST_F(UISliderTest, AContinuousOneSendsAnEventForEachStepOfADrag) {
+  slider.setContinuous(true);
+
+  slider.dragToValue(0.2);
+  slider.dragToValue(0.3);
+  slider.commitValue();
+  slider.setValue(0.4);
+
+  EXPECT_EQ(events, 2);
+}
+
+TEST_F(UISliderTest, TellsOfANewTrackAndKeyStepOnce) {
+  const CountingObserver observer(slider);
+
+  for (int i = 0; i < 2; ++i) {
+    slider.setTrackColors({UIColor::whiteColor(), UIColor::grayColor()});
+    slider.setKeyStep(2);
+  }
+
+  EXPECT_EQ(observer.changes, 2);
+  EXPECT_EQ(events, 0);
+}
+
 TEST_F(UISliderTest, ADisabledOneSendsNone) {
   slider.setEnabled(false);
 

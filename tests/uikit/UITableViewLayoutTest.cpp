@@ -121,6 +121,21 @@ TEST_F(UITableViewLayoutTest, RowsBetweenAreThoseThatShowAnyPart) {
   EXPECT_EQ(layout.rowsBetween(0, 200, 300), (std::pair{10, 10}));
 }
 
+TEST_F(UITableViewLayoutTest, ASectionWithoutATitleMayHaveItsOwnRoomAboveItsRows) {
+  UITableViewLayout layout(UITableViewStyle::Grouped);
+  layout.clear(300);
+  layout.beginSection("", 42);
+  layout.addRow(10);
+  layout.endSection("");
+  layout.beginSection("", -3);
+  layout.addRow(10);
+  layout.endSection("");
+  layout.finish();
+
+  EXPECT_EQ(layout.rectForRow({0, 0}), CGRect(0, 42, 300, 10));
+  EXPECT_EQ(layout.rectForRow({1, 0}), CGRect(0, 52, 300, 10));
+}
+
 TEST_F(UITableViewLayoutTest, ASectionWithoutRowsHasNoneBetween) {
   UITableViewLayout layout(UITableViewStyle::Plain);
   layout.clear(300);
