@@ -34,7 +34,7 @@ std::shared_ptr<QSGTexture> ImageTextures::textureFor(const std::shared_ptr<cons
   const auto pair = std::make_shared<ImageAndTexture>(
       image, std::unique_ptr<QSGTexture>(
                  window.createTextureFromImage(picture, QQuickWindow::TextureHasAlphaChannel)));
-  const std::shared_ptr<QSGTexture> texture(pair, pair->second.get());
+  std::shared_ptr<QSGTexture> texture(pair, pair->second.get());
   known = texture;
   std::erase_if(textures_, [](const auto& entry) { return entry.second.expired(); });
   return texture;
