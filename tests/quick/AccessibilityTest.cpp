@@ -69,6 +69,19 @@ TEST_F(AccessibilityTest, RowsAndTitlesAreToldOnceInVisualOrder) {
   EXPECT_EQ(element(QStringLiteral("Footer"))->role(), QAccessible::StaticText);
 }
 
+TEST_F(AccessibilityTest, AReloadTellsTheNewTitlesOfRowsThatStayWhereTheyAre) {
+  auto screen = screenOf({{"", 2, ""}});
+  show(screen);
+
+  screen->rows.fill = [](UITableViewCell& cell, IndexPath path) {
+    cell.textLabel()->setText(path.row == 0 ? "new" : "newer");
+  };
+  screen->table().reloadData();
+  settle();
+
+  EXPECT_THAT(names(), testing::ElementsAre("new", "newer"));
+}
+
 TEST_F(AccessibilityTest, TheOrderStaysTheVisualOneAfterScrolling) {
   auto screen = screenOf({{"", 100, ""}});
   show(screen);

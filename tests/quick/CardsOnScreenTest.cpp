@@ -69,7 +69,10 @@ TEST_F(CardsOnScreenTest, APictureIsDrawnAndSharedByAllWhoShowIt) {
   EXPECT_EQ(colorAt(102, 10), QColor(Qt::white));
   EXPECT_EQ(colorAt(120, 10), QColor(Qt::blue));
   EXPECT_EQ(colorAt(210, 10), QColor(Qt::blue));
-  EXPECT_EQ(window->mirror().textures().count(), 2u);
+  ImageTextures& textures = window->mirror().textures();
+  EXPECT_EQ(textures.count(), 2u);
+  EXPECT_EQ(textures.textureFor(third->image(), {20, 20}, *window),
+            textures.textureFor(third->image(), {20, 20}, *window));
 }
 
 TEST_F(CardsOnScreenTest, APictureGoesWithTheLastWhoShowsIt) {
@@ -141,18 +144,6 @@ TEST_F(CardsOnScreenTest, ACardIsOneGroupWithItsButton) {
   EXPECT_THAT(elements(),
               ElementsAre("group Style number 0|Images Theme", "Enable Style number 0|",
                           "group Style number 1|Images Theme", "Enable Style number 1|"));
-}
-
-TEST_F(CardsOnScreenTest, AReloadTellsTheNewTitles) {
-  auto cards = std::make_shared<SyntheticCards>(1, std::vector<std::string>());
-  show(cards);
-
-  cards->number = 7;
-  cards->table().reloadData();
-  settle();
-
-  EXPECT_THAT(elements(),
-              ElementsAre("group Style number 7|Images Theme", "Enable Style number 7|"));
 }
 
 TEST_F(CardsOnScreenTest, TheOrderStaysTheVisualOneAfterAnyScrolling) {

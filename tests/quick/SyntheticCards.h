@@ -79,8 +79,6 @@ class SyntheticCards : public UIViewController,
 
   UITableView& table() { return static_cast<UITableView&>(view()); }
   int cellsMade = 0;
-  /// Of the first card.
-  int number = 0;
 
   int numberOfRowsInSection(UITableView&, int) override { return cards_; }
   double heightForRowAtIndexPath(UITableView&, IndexPath) override {
@@ -95,7 +93,7 @@ class SyntheticCards : public UIViewController,
     }
     const auto row = static_cast<std::size_t>(path.row);
     static_cast<SyntheticCard&>(*cell).show(
-        "Style number " + std::to_string(number + path.row),
+        "Style number " + std::to_string(path.row),
         pictures_.empty() ? nullptr
                           : UIImage::imageWithContentsOfFile(pictures_[row % pictures_.size()]));
     return cell;
