@@ -1,6 +1,5 @@
 #include "quick/ModalNode.h"
 
-
 #include "quick/ViewMirror.h"
 
 namespace frelta {
