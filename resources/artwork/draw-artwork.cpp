@@ -18,7 +18,7 @@ struct Picture {
 
 constexpr Picture kPictures[] = {
     {"placeholder.png", kIconSize, 3, paintPlaceholder},
-    {"iconlarge.png", kIconSize, 5, paintFreltaIcon},
+    {"iconlarge.png", kIconSize, 3.5, paintFreltaIcon},
     {"Themes/Example Images.theme/Icon.png", kIconSize, 1, paintImagesThemeIcon},
     {"Themes/Example Images.theme/Icon@2.png", kIconSize, 2, paintImagesThemeIcon},
     {"Themes/Example Images.theme/Icon@3.png", kIconSize, 3, paintImagesThemeIcon},
