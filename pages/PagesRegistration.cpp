@@ -28,20 +28,20 @@ void registerAction(PSClassRegistry& classes, std::string name, void (RootPage::
 
 /// A class whose cells take the page's style and reuse identifier.
 template <typename Cell>
-void registerStyledCell(PSClassRegistry& classes, std::string name) {
-  classes.registerCell(std::move(name), [](UITableViewCellStyle style, std::string identifier,
-                                           std::shared_ptr<PSSpecifier> specifier) {
+void registerStyledCell(PSClassRegistry& classes, const char* name) {
+  classes.registerCell(name, [](UITableViewCellStyle style, std::string identifier,
+                                std::shared_ptr<PSSpecifier> specifier) {
     return std::make_unique<Cell>(style, std::move(identifier), std::move(specifier));
   });
 }
 
 /// A class that chooses its own.
 template <typename Cell>
-void registerCell(PSClassRegistry& classes, std::string name) {
-  classes.registerCell(std::move(name), [](UITableViewCellStyle, const std::string&,
-                                           std::shared_ptr<PSSpecifier> specifier) {
-    return Cell::initWithSpecifier(std::move(specifier));
-  });
+void registerCell(PSClassRegistry& classes, const char* name) {
+  classes.registerCell(
+      name, [](UITableViewCellStyle, const std::string&, std::shared_ptr<PSSpecifier> specifier) {
+        return Cell::initWithSpecifier(std::move(specifier));
+      });
 }
 
 }  // namespace
