@@ -16,9 +16,11 @@ T.Slider {
     from: node.minimum
     to: node.maximum
     value: node.value
-    stepSize: node.keyStep
     focusPolicy: Qt.StrongFocus
     LayoutMirroring.enabled: node.mirrored
+    // A step size would have drags snap to it.
+    Keys.onLeftPressed: step(mirrored ? 1 : -1)
+    Keys.onRightPressed: step(mirrored ? -1 : 1)
     onMoved: {
         node.drag(value);
         if (!pressed)
