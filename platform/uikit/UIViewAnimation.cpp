@@ -30,6 +30,7 @@ class Exchanged {
 // The platform's curve: a cubic Bézier from (0, 0) to (1, 1) with the handles (0.42, 0) and
 // (0.58, 1).
 double easeInEaseOut(double time) {
+  if (time <= 0 || time >= 1) return time;
   const auto coordinate = [](double first, double second, double t) {
     const double u = 1 - t;
     return 3 * u * u * t * first + 3 * u * t * t * second + t * t * t;

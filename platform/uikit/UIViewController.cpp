@@ -7,6 +7,16 @@
 
 namespace frelta {
 
+/// Tells the controller, which outlives it or takes it back before it goes.
+class UIViewController::PlainView : public UIView {
+ public:
+  explicit PlainView(UIViewController& controller) : controller_(controller) {}
+  void layoutSubviews() override { controller_.viewDidLayoutSubviews(); }
+
+ private:
+  UIViewController& controller_;
+};
+
 UIView& UIViewController::view() {
   if (!view_) {
     ownedView_ = loadView();
@@ -17,7 +27,7 @@ UIView& UIViewController::view() {
 }
 
 std::unique_ptr<UIView> UIViewController::loadView() {
-  return std::make_unique<UIView>();
+  return std::make_unique<PlainView>(*this);
 }
 
 UIWindow* UIViewController::window() const {

@@ -47,6 +47,8 @@ class UIViewController : public std::enable_shared_from_this<UIViewController> {
   virtual void viewDidAppear(bool) {}
   virtual void viewWillDisappear(bool) {}
   virtual void viewDidDisappear(bool) {}
+  /// After each layout of a view that loadView() of this class made.
+  virtual void viewDidLayoutSubviews() {}
 
   /// For containers: hands the view to a superview, and back before the controller goes.
   std::unique_ptr<UIView> takeView();
@@ -61,6 +63,7 @@ class UIViewController : public std::enable_shared_from_this<UIViewController> {
   virtual std::unique_ptr<UIView> loadView();
 
  private:
+  class PlainView;
   /// The window that the view is in, or null.
   UIWindow* window() const;
 
