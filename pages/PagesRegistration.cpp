@@ -59,6 +59,9 @@ void registerPages(PSClassRegistry& classes) {
   registerStyledCell<FreltaImageCell>(classes, "FreltaImageCell");
   registerStyledCell<FreltaKeyLabelLinkCell>(classes, "FreltaKeyLabelLinkCell");
   registerStyledCell<TarnoColourPickerCell>(classes, "TarnoColourPickerCell");
+  registerAction(classes, "selectTheme", &RootPage::selectTheme);
+  registerAction(classes, "selectHTML", &RootPage::selectHTML);
+  registerAction(classes, "selectWidget", &RootPage::selectWidget);
   registerAction(classes, "respring", &RootPage::respring);
   registerAction(classes, "twitterlink", &RootPage::twitterlink);
   registerAction(classes, "supportlink", &RootPage::supportlink);

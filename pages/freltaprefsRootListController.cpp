@@ -4,11 +4,13 @@
 #include <utility>
 
 #include "pages/RootPageFilter.h"
+#include "selector/FreltaThemeSelectorViewController.h"
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
 #include "settings/Respring.h"
 #include "settings/SettingsFile.h"
 #include "uikit/UIApplication.h"
+#include "uikit/UINavigationController.h"
 
 namespace frelta {
 
@@ -89,6 +91,24 @@ void freltaprefsRootListController::viewWillDisappear(bool animated) {
 
 void freltaprefsRootListController::handleSingleTap() {
   view().endEditing(true);
+}
+
+void freltaprefsRootListController::selectTheme() {
+  push(FreltaThemeSelectorViewController::init());
+}
+
+void freltaprefsRootListController::selectHTML() {
+  push(FreltaThemeSelectorViewController::initForHTML());
+}
+
+void freltaprefsRootListController::selectWidget() {
+  push(FreltaThemeSelectorViewController::initForWidget());
+}
+
+void freltaprefsRootListController::push(std::shared_ptr<UIViewController> screen) {
+  if (UINavigationController* stack = navigationController())
+    stack->pushViewController(std::move(screen), true);
+  navigationItem().setHidesBackButton(false);
 }
 
 void freltaprefsRootListController::respring() {

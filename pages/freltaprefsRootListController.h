@@ -32,6 +32,10 @@ class freltaprefsRootListController : public PSListController,
   void viewWillAppear(bool animated) override;
   void viewWillDisappear(bool animated) override;
 
+  // Each opens the selector for one kind of style.
+  void selectTheme();
+  void selectHTML();
+  void selectWidget();
   void respring();
   /// Opens the maker's profile.
   void twitterlink();
@@ -46,6 +50,7 @@ class freltaprefsRootListController : public PSListController,
 
  private:
   void handleSingleTap();
+  void push(std::shared_ptr<UIViewController> screen);
 
   bool shouldReload_ = false;
   /// Reserved: released with the page, set by nobody.

@@ -185,6 +185,8 @@ void FreltaStyleLibrary::moveToSection(const Entry& group, std::optional<IndexPa
                                        int section) {
   Entries& left = section == kEnabledSection ? sortedStyles_ : enabledStyles_;
   Entries& entered = section == kEnabledSection ? enabledStyles_ : sortedStyles_;
+  // A second tap may have asked for the same move before the first one's turn.
+  if (!holds(left, group)) return;
   const IndexPath to{section, 0};
   if (table_) table_->beginUpdates();
   std::erase(left, group);

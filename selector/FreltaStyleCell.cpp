@@ -1,0 +1,167 @@
+#include "selector/FreltaStyleCell.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "foundation/Platform.h"
+#include "selector/FreltaStyleSubCell.h"
+#include "selector/FreltaThemeSelectorViewController.h"
+#include "styles/FreltaSortedStyle.h"
+
+namespace frelta {
+
+namespace {
+
+constexpr double kHeaderHeight = 80;
+constexpr double kDisabledColorStep = 0.2;
+
+using Group = std::shared_ptr<FreltaSortedItem>;
+
+const FreltaSortedStyle* styleOf(const Group& group) {
+  return dynamic_cast<const FreltaSortedStyle*>(group.get());
+}
+
+std::optional<std::string> titleOf(const Group& group) {
+  if (!group) return std::nullopt;
+  if (const auto* style = styleOf(group)) return style->displayName();
+  const auto& items = group->items();
+  if (!items) return std::nullopt;
+  return items->size() < 2 ? items->at(0)->title() : group->title();
+}
+
+std::string subtitleOf(const Group& group) {
+  const auto* style = styleOf(group);
+  switch (style ? style->styleMode() : FreltaStyleModeImages) {
+    case FreltaStyleModeHTML:
+      return "HTML Theme";
+    case FreltaStyleModeWidget:
+      return "Widget";
+    default:
+      return "Images Theme";
+  }
+}
+
+bool isOpaqueWhite(const UIColor::Components& color) {
+  return color == UIColor::Components{1.0, 1.0, 1.0, 1.0};
+}
+
+UIColor disabledColorFor(const UIColor& ground) {
+  const auto color = ground.getRed();
+  if (!color) return ground;
+  const auto raised = [](double part) { return std::min(part + kDisabledColorStep, 1.0); };
+  return UIColor::colorWithRed(raised(color->red), raised(color->green), raised(color->blue),
+                               color->alpha);
+}
+
+}  // namespace
+
+void FreltaStyleCell::setSortedStyleItem(Group group) {
+  setSelectionStyle(UITableViewCellSelectionStyle::None);
+  if (group) group->updateEnabledState();
+  sortedStyleItem_ = std::move(group);
+  if (!headerView_) addHeaderView();
+  fillHeader();
+  setClipsToBounds(true);
+
+  const bool isExpanded = sortedStyleItem_ && sortedStyleItem_->isExpanded();
+  setSubCellsHidden(!isExpanded, false);
+  headerView_->iconImageView()->setHidden(isExpanded);
+  if (isExpanded) selectInTable();
+  headerView_->setIsDraggableCell(sortedStyleItem_ && !styleOf(sortedStyleItem_) &&
+                                  sortedStyleItem_->enabledState() != FreltaEnabledStateNone);
+  headerView_->fitLabels();
+  fittedWidth_ = frame().size.width;
+  // One more at each call; those before stay, none has an effect.
+  addGestureRecognizer(std::make_unique<UILongPressGestureRecognizer>(
+      [this](UIGestureRecognizer& recognizer) { handleLongPress(recognizer); }));
+}
+
+void FreltaStyleCell::addHeaderView() {
+  headerView_ = addSubview(std::make_unique<FreltaStyleCellHeaderCell>(
+      CGRect(0, 0, contentView()->frame().size.width, kHeaderHeight)));
+}
+
+void FreltaStyleCell::fillHeader() {
+  const Group& group = sortedStyleItem_;
+  headerView_->setStyleGroup(group);
+  headerView_->setTitleText(titleOf(group));
+  headerView_->setSubtitleText(subtitleOf(group));
+  headerView_->setIconImage(group ? group->generateIcon() : nullptr);
+  headerView_->updateButtonState(group ? group->enabledState() : FreltaEnabledStateNone);
+  didChange();
+}
+
+void FreltaStyleCell::selectInTable() const {
+  const auto selector = FreltaThemeSelectorViewController::current();
+  UITableView* table = selector ? selector->tableView() : nullptr;
+  if (!table) return;
+  const auto path = selector->indexPathForSortedStyle(sortedStyleItem_);
+  table->beginUpdates();
+  if (path) selector->didSelectRowAtIndexPath(*table, *path);
+  table->selectRowAtIndexPath(path, true, UITableViewScrollPosition::None);
+  table->endUpdates();
+}
+
+void FreltaStyleCell::updateSubCells() {
+  if (!subCellsView_) return;
+  for (const auto& row : subCellsView_->subviews())
+    static_cast<FreltaStyleSubCell&>(*row).updateButtonState();
+}
+
+void FreltaStyleCell::updateHeaderCell() {
+  if (headerView_) headerView_->updateButtonState();
+}
+
+void FreltaStyleCell::prepareForReuse() {
+  UITableViewCell::prepareForReuse();
+  setSortedStyleItem(nullptr);
+  if (subCellsView_) std::exchange(subCellsView_, nullptr)->removeFromSuperview();
+  headerView_->prepareForReuse();
+}
+
+void FreltaStyleCell::layoutSubviews() {
+  UITableViewCell::layoutSubviews();
+  applyBackgroundColor();
+  fitWidth();
+}
+
+void FreltaStyleCell::applyBackgroundColor() {
+  const auto color = backgroundColor();
+  const auto components = color ? color->getRed() : std::nullopt;
+  if (!components || isOpaqueWhite(*components)) return;
+  FreltaStyleContentsCell::setCustomBackgroundColor(*color);
+  if (headerView_) headerView_->contentView()->setBackgroundColor(*color);
+  FreltaToggleButton::setDisabledColor(disabledColorFor(*color));
+}
+
+// Labels that were cut or fitted in another width, and masks, do not follow by themselves.
+void FreltaStyleCell::fitWidth() {
+  if (!headerView_ || fittedWidth_ == frame().size.width) return;
+  fittedWidth_ = frame().size.width;
+  setSubCellsHidden(subCellsHidden_, false);
+  headerView_->fitLabels();
+  if (!subCellsView_) return;
+  roundLastSubCell();
+  for (const auto& row : subCellsView_->subviews())
+    static_cast<FreltaStyleSubCell&>(*row).contentView()->fitLabels();
+}
+
+UIAccessibility FreltaStyleCell::accessibility() const {
+  UIAccessibility accessibility = UITableViewCell::accessibility();
+  if (!headerView_) return accessibility;
+  accessibility.role = UIAccessibility::Role::Group;
+  accessibility.label = headerView_->headerLabel()->text();
+  accessibility.value = headerView_->subtitleLabel()->text();
+  return accessibility;
+}
+
+void FreltaStyleCell::handleLongPress(UIGestureRecognizer&) {
+  Platform::current().mainQueue->async([] {});
+}
+
+std::optional<std::string> FreltaStyleCell::validateSaveName(
+    const std::optional<std::string>&) const {
+  return std::nullopt;
+}
+
+}  // namespace frelta

@@ -1,0 +1,252 @@
+#include "tests/selector/SelectorTest.h"
+
+namespace frelta {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SelectorScreen : public SelectorTest {};
+
+TEST_F(SelectorScreen, IsTitledAfterItsKind) {
+  EXPECT_EQ(show(Selector::init())->title(), "Image Themes");
+  EXPECT_EQ(show(Selector::initForHTML())->title(), "HTML Themes");
+  EXPECT_EQ(show(Selector::initForWidget())->title(), "Widgets");
+  const auto other = Selector::init();
+  other->setIsExtras(7);
+  EXPECT_EQ(show(other)->title(), "Image Themes");
+}
+
+TEST_F(SelectorScreen, IsATableWithoutLinesThatIsAlwaysEdited) {
+  const auto selector = show(Selector::init());
+
+  const UITableView& table = *selector->tableView();
+  EXPECT_EQ(table.style(), UITableViewStyle::Plain);
+  EXPECT_EQ(table.frame(), selector->view().bounds());
+  EXPECT_EQ(table.estimatedRowHeight(), 130);
+  EXPECT_EQ(table.separatorColor(), UIColor::clearColor());
+  EXPECT_TRUE(table.isEditing());
+  EXPECT_TRUE(table.allowsSelectionDuringEditing());
+  EXPECT_EQ(selector->view().backgroundColor(), table.backgroundColor());
+}
+
+TEST_F(SelectorScreen, KeepsItsGroundLikeTheTables) {
+  const auto selector = show(Selector::init());
+  const UIColor ground = UIColor::colorWithRed(0.1, 0.2, 0.3, 1.0);
+
+  selector->tableView()->setBackgroundColor(ground);
+  selector->view().setNeedsLayout();
+  window.layoutIfNeeded();
+
+  EXPECT_EQ(selector->view().backgroundColor(), ground);
+}
+
+TEST_F(SelectorScreen, ListsTheStylesInTheLibrarySection) {
+  install("A");
+  install("B");
+
+  const auto selector = show(Selector::init());
+
+  EXPECT_EQ(selector->tableView()->numberOfSections(), 2);
+  EXPECT_EQ(selector->tableView()->numberOfRowsInSection(0), 0);
+  EXPECT_EQ(selector->tableView()->numberOfRowsInSection(1), 2);
+  for (int row = 0; row < 2; ++row) {
+    const auto& entry = selector->sortedStyles()[static_cast<std::size_t>(row)];
+    EXPECT_EQ(cellAt(*selector, {1, row})->sortedStyleItem(), entry);
+    EXPECT_EQ(cellAt(*selector, {1, row})->reuseIdentifier(), "FreltaStyleCell");
+  }
+}
+
+TEST_F(SelectorScreen, IsAnEmptyTableWithoutStyles) {
+  const auto selector = show(Selector::init());
+
+  EXPECT_EQ(selector->tableView()->numberOfRowsInSection(1), 0);
+  EXPECT_EQ(alert(), nullptr);
+  EXPECT_EQ(platform.mainQueue.pending(), 0U);
+}
+
+TEST_F(SelectorScreen, ScansAgainEachTimeItAppears) {
+  install("A");
+  const auto selector = show(Selector::init());
+  show(Selector::initForHTML());
+  install("B");
+  EXPECT_EQ(selector->sortedStyles().size(), 1U);
+
+  navigation->popViewControllerAnimated(false);
+  window.layoutIfNeeded();
+
+  EXPECT_EQ(selector->tableView()->numberOfRowsInSection(1), 2);
+}
+
+TEST_F(SelectorScreen, GivesEveryRow130PointsUnlessItIsAnOpenGroup) {
+  const auto selector = show(Selector::init());
+  const auto bare = std::make_shared<FreltaSortedItem>();
+  bare->setIsExpanded(true);
+  selector->setSortedStyles({groupOf(3), groupOf(3, true), bare, style("A"), group({}, true)});
+  const auto height = [&](int row) {
+    return selector->heightForRowAtIndexPath(*selector->tableView(), {1, row});
+  };
+
+  for (int row = 0; row < 5; ++row) EXPECT_EQ(height(row), 130);
+  selector->setIsGrouped(true);
+  EXPECT_EQ(height(0), 130);
+  EXPECT_EQ(height(1), 340);
+  EXPECT_EQ(height(2), 130);
+  EXPECT_EQ(height(3), 130);
+  EXPECT_EQ(height(4), 130);
+}
+
+TEST_F(SelectorScreen, ASecondTapOnARowClearsItsSelection) {
+  install("A");
+  install("B");
+  const auto selector = show(Selector::init());
+  UITableView& table = *selector->tableView();
+
+  table.userDidSelectRowAtIndexPath({1, 1});
+  EXPECT_EQ(table.indexPathForSelectedRow(), (IndexPath{1, 1}));
+  table.userDidSelectRowAtIndexPath({1, 1});
+
+  EXPECT_EQ(table.indexPathForSelectedRow(), std::nullopt);
+}
+
+TEST_F(SelectorScreen, HasRowsThatCannotBeDeletedOrMoved) {
+  install("A");
+  const auto selector = show(Selector::init());
+  UITableView& table = *selector->tableView();
+
+  EXPECT_EQ(selector->editingStyleForRowAtIndexPath(table, {1, 0}),
+            UITableViewCellEditingStyle::None);
+  EXPECT_FALSE(selector->shouldIndentWhileEditingRowAtIndexPath(table, {1, 0}));
+  EXPECT_FALSE(selector->canMoveRowAtIndexPath(table, {1, 0}));
+  EXPECT_EQ(cellAt(*selector, {1, 0})->editing(), UITableViewCellEditing());
+}
+
+TEST_F(SelectorScreen, IsNotPinned) {
+  for (char name = 'A'; name < 'Z'; ++name) install(std::string(1, name));
+  const auto selector = show(Selector::init());
+
+  selector->tableView()->userDidScroll({0, 500});
+
+  EXPECT_EQ(selector->tableView()->contentOffset(), (CGPoint{0, 500}));
+}
+
+TEST_F(SelectorScreen, ATapSwitchesItsStyleOnAndAllOthersOff) {
+  for (const char* name : {"A", "B", "C"}) install(name);
+  const auto selector = show(Selector::init());
+  const auto path = [&](int row) {
+    const auto& entry = selector->sortedStyles()[static_cast<std::size_t>(row)];
+    return *static_cast<const FreltaSortedStyle&>(*entry).fullPath();
+  };
+
+  tapCard(*selector, 0);
+  EXPECT_THAT(buttonTitles(*selector), ElementsAre("Disable", "Enable", "Enable"));
+  EXPECT_EQ(settings()->at("EnabledThemePath"), path(0));
+  tapCard(*selector, 2);
+
+  EXPECT_THAT(buttonTitles(*selector), ElementsAre("Enable", "Enable", "Disable"));
+  EXPECT_EQ(settings()->at("EnabledThemePath"), path(2));
+  EXPECT_EQ(platform.notifications.posted.size(), 2U);
+  tapCard(*selector, 2);
+  EXPECT_THAT(buttonTitles(*selector), ElementsAre("Enable", "Enable", "Enable"));
+  EXPECT_EQ(settings()->at("EnabledThemePath"), "");
+}
+
+TEST_F(SelectorScreen, DecodesAnIconOncePerTimeItsRowComesOnScreen) {
+  const std::string icon = UIImagePNGRepresentation(*picture(60, 60, kWhite)).value();
+  for (int i = 0; i < 30; ++i) {
+    install(std::to_string(i));
+    platform.put(inThemes(std::to_string(i) + ".theme/Icon.png"), icon);
+  }
+  const auto decoded = [&] {
+    return std::ranges::count_if(platform.files.calls(), [](const FailingFiles::Call& call) {
+      return call.operation == Operation::Read && call.path.ends_with(".png");
+    });
+  };
+  const auto selector = show(Selector::init());
+  UITableView& table = *selector->tableView();
+  EXPECT_EQ(decoded(), std::ssize(table.indexPathsForVisibleRows()));
+  platform.files.resetCalls();
+
+  std::ptrdiff_t came = 0;
+  for (double y = 0; y < 2'400; y += 100) {
+    const auto before = table.indexPathsForVisibleRows();
+    table.userDidScroll({0, y});
+    window.layoutIfNeeded();
+    for (const IndexPath path : table.indexPathsForVisibleRows())
+      came += std::ranges::count(before, path) == 0;
+  }
+
+  EXPECT_GT(came, 15);
+  EXPECT_EQ(decoded(), came);
+}
+
+TEST_F(SelectorScreen, FlungRowsShowTheirOwnStyleOnly) {
+  for (int i = 0; i < 100; ++i) install(std::to_string(i));
+  const auto selector = show(Selector::init());
+  tapCard(*selector, 2);
+  UITableView& table = *selector->tableView();
+
+  for (const double y : {4'000.0, 100.0, 11'000.0, 60.0, 7'777.0, 0.0}) {
+    table.userDidScroll({0, y});
+    window.layoutIfNeeded();
+
+    for (const IndexPath path : table.indexPathsForVisibleRows()) {
+      const FreltaStyleCell& cell = *cellAt(*selector, path);
+      const auto& entry = selector->sortedStyles()[static_cast<std::size_t>(path.row)];
+      const FreltaStyleContentsCell& header = *cell.headerView();
+      EXPECT_EQ(cell.sortedStyleItem(), entry);
+      EXPECT_EQ(header.headerLabel()->text(), entry->title());
+      EXPECT_EQ(header.enableButton()->enabledState(), entry->enabledState());
+      EXPECT_EQ(header.enableButton()->presentation().backgroundColor,
+                header.enableButton()->backgroundColor());
+      EXPECT_EQ(entry->enabledState() == 2, path.row == 2);
+    }
+  }
+}
+
+TEST_F(SelectorScreen, AsksWhatToCreateExceptForHTMLThemes) {
+  const auto html = show(Selector::initForHTML());
+  html->addButtonTapped();
+  EXPECT_EQ(alert(), nullptr);
+
+  show(Selector::init())->addButtonTapped();
+
+  ASSERT_NE(alert(), nullptr);
+  EXPECT_EQ(alert()->title(), "Create New");
+  EXPECT_EQ(alert()->message(), "What type of style would you like to create?");
+  std::vector<std::pair<std::string, UIAlertActionStyle>> actions;
+  for (const auto& action : alert()->actions())
+    actions.emplace_back(action->title(), action->style());
+  EXPECT_THAT(actions, ElementsAre(std::pair("Standard", UIAlertActionStyle::Default),
+                                   std::pair("Key Frames", UIAlertActionStyle::Default),
+                                   std::pair("Cancel", UIAlertActionStyle::Cancel)));
+  alert()->userDidPressAction(*alert()->actions()[0]);
+  EXPECT_EQ(alert(), nullptr);
+}
+
+TEST_F(SelectorScreen, SaysLaterThatThereAreNoStylesAndLeaves) {
+  const auto selector = show(Selector::init());
+
+  selector->showNoStylesAlert();
+  EXPECT_EQ(alert(), nullptr);
+  platform.mainQueue.runPending();
+
+  ASSERT_NE(alert(), nullptr);
+  EXPECT_EQ(alert()->title(), "No Styles");
+  EXPECT_EQ(alert()->message(), "Create/Install styles.");
+  ASSERT_EQ(alert()->actions().size(), 1U);
+  EXPECT_EQ(alert()->actions()[0]->title(), "OK");
+  EXPECT_EQ(alert()->actions()[0]->style(), UIAlertActionStyle::Default);
+  alert()->userDidPressAction(*alert()->actions()[0]);
+  EXPECT_EQ(navigation->viewControllers().size(), 1U);
+}
+
+TEST_F(SelectorScreen, PutsNoButtonInTheBar) {
+  const auto selector = show(Selector::init());
+
+  EXPECT_EQ(selector->navigationItem().rightBarButtonItem(), nullptr);
+  EXPECT_THAT(platform.notifications.posted, IsEmpty());
+}
+
+}  // namespace
+}  // namespace frelta
