@@ -27,6 +27,16 @@ const QQuickItem* findItem(const QQuickItem& root,
   }
   return nullptr;
 }
+
+/// Below the view.
+UIButton* buttonCalled(const UIView& view, const std::string& name) {
+  for (const auto& subview : view.subviews()) {
+    auto* button = dynamic_cast<UIButton*>(subview.get());
+    if (button && button->accessibility().label == name) return button;
+    if (UIButton* found = buttonCalled(*subview, name)) return found;
+  }
+  return nullptr;
+}
 }  // namespace
 
 UITableView* TourDriver::table() {
@@ -57,6 +67,17 @@ UITableViewCell* TourDriver::findCell(const std::function<bool(const UITableView
 UITableViewCell* TourDriver::findRow(const std::string& identifier) {
   return findCell(
       [&](const UITableViewCell& cell) { return cell.accessibilityIdentifier() == identifier; });
+}
+
+UIButton* TourDriver::findButton(const std::string& name) {
+  const UITableViewCell* cell =
+      findCell([&](const UITableViewCell& row) { return buttonCalled(row, name) != nullptr; });
+  return cell ? buttonCalled(*cell, name) : nullptr;
+}
+
+bool TourDriver::tapButton(const std::string& name) {
+  const UIButton* button = findButton(name);
+  return button && tapView(*button);
 }
 
 UITableViewCell* TourDriver::findRowWithText(const std::string& text) {

@@ -7,6 +7,7 @@
 
 #include "quick/QuickWindow.h"
 #include "uikit/UIAlertController.h"
+#include "uikit/UIButton.h"
 #include "uikit/UINavigationController.h"
 #include "uikit/UITableView.h"
 
@@ -32,6 +33,11 @@ class TourDriver {
   bool tapBack();
   bool tapRightButton();
   bool tapView(const UIView& view, double xShare = 0.5, double yShare = 0.5);
+
+  /// The button in a row of the page on top that assistive technology calls so, scrolled into
+  /// sight; null when there is none.
+  UIButton* findButton(const std::string& name);
+  bool tapButton(const std::string& name);
 
   /// The cell whose label shows the text, scrolled into sight; null when the page has none.
   UITableViewCell* findRowWithText(const std::string& text);

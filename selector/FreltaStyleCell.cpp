@@ -149,6 +149,8 @@ void FreltaStyleCell::fitWidth() {
 UIAccessibility FreltaStyleCell::accessibility() const {
   UIAccessibility accessibility = UITableViewCell::accessibility();
   if (!headerView_) return accessibility;
+  // Its button speaks for itself.
+  accessibility.isElement = false;
   accessibility.role = UIAccessibility::Role::Group;
   accessibility.label = headerView_->headerLabel()->text();
   accessibility.value = headerView_->subtitleLabel()->text();

@@ -76,6 +76,13 @@ void FreltaStyleSubCell::setStyleItem(std::shared_ptr<FreltaStyleItem> item) {
   contentView_->setIsDraggableCell(false);
 }
 
+UIAccessibility FreltaStyleSubCell::accessibility() const {
+  UIAccessibility accessibility = UIView::accessibility();
+  accessibility.role = UIAccessibility::Role::Group;
+  accessibility.label = contentView_->headerLabel()->text();
+  return accessibility;
+}
+
 void FreltaStyleSubCell::updateButtonState() {
   if (styleItem_) contentView_->updateButtonState(stateOf(styleItem_));
 }

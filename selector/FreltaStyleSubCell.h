@@ -26,6 +26,7 @@ class FreltaStyleSubCell : public UIView {
   const std::shared_ptr<FreltaStyleItem>& StyleItem() const { return styleItem_; }
   /// Shows the style's state without animation.
   void setStyleItem(std::shared_ptr<FreltaStyleItem> item);
+  UIAccessibility accessibility() const override;
 
   /// Shows the style's state, animated.
   void updateButtonState();
