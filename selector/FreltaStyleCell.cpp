@@ -1,11 +1,11 @@
 #include "selector/FreltaStyleCell.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "foundation/Platform.h"
 #include "selector/FreltaStyleSubCell.h"
 #include "selector/FreltaThemeSelectorViewController.h"
+#include "selector/GroundColors.h"
 #include "styles/FreltaSortedStyle.h"
 
 namespace frelta {
@@ -13,7 +13,6 @@ namespace frelta {
 namespace {
 
 constexpr double kHeaderHeight = 80;
-constexpr double kDisabledColorStep = 0.2;
 
 using Group = std::shared_ptr<FreltaSortedItem>;
 
@@ -39,18 +38,6 @@ std::string subtitleOf(const Group& group) {
     default:
       return "Images Theme";
   }
-}
-
-bool isOpaqueWhite(const UIColor::Components& color) {
-  return color == UIColor::Components{1.0, 1.0, 1.0, 1.0};
-}
-
-UIColor disabledColorFor(const UIColor& ground) {
-  const auto color = ground.getRed();
-  if (!color) return ground;
-  const auto raised = [](double part) { return std::min(part + kDisabledColorStep, 1.0); };
-  return UIColor::colorWithRed(raised(color->red), raised(color->green), raised(color->blue),
-                               color->alpha);
 }
 
 }  // namespace
@@ -126,12 +113,16 @@ void FreltaStyleCell::layoutSubviews() {
 }
 
 void FreltaStyleCell::applyBackgroundColor() {
-  const auto color = backgroundColor();
-  const auto components = color ? color->getRed() : std::nullopt;
-  if (!components || isOpaqueWhite(*components)) return;
-  FreltaStyleContentsCell::setCustomBackgroundColor(*color);
-  if (headerView_) headerView_->contentView()->setBackgroundColor(*color);
-  FreltaToggleButton::setDisabledColor(disabledColorFor(*color));
+  const auto ground = backgroundColor();
+  if (!ground || isWhiteGround(*ground)) return;
+  const UIColor card = cardColorOnGround(*ground);
+  FreltaStyleContentsCell::setCustomBackgroundColor(card);
+  if (headerView_) headerView_->contentView()->setBackgroundColor(card);
+  FreltaToggleButton::setDisabledColor(disabledColorOnGround(*ground));
+  if (!subCellsView_) return;
+  // Rows that were made before the class had the colour join the header too.
+  for (const auto& row : subCellsView_->subviews())
+    static_cast<FreltaStyleSubCell&>(*row).contentView()->contentView()->setBackgroundColor(card);
 }
 
 // Labels that were cut or fitted in another width, and masks, do not follow by themselves.

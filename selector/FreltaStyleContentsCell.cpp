@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "selector/FreltaThemeSelectorViewController.h"
+#include "selector/GroundColors.h"
 #include "selector/HeaderGeometry.h"
 
 namespace frelta {
@@ -53,7 +54,7 @@ void FreltaStyleContentsCell::addCard() {
                                               frame().size.width - 2 * inset.width,
                                               closedHeight - 2 * inset.height));
   auto& color = classBackgroundColor();
-  if (!color) color = UIColor::colorWithRed(0.96, 0.96, 0.96, 1.0);
+  if (!color) color = defaultCardColor();
   card->setBackgroundColor(*color);
   card->setCornerRadius(kCornerRadius);
   card->setAutoresizingMask(UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);

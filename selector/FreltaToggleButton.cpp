@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "foundation/Platform.h"
+#include "selector/GroundColors.h"
 #include "selector/PillColors.h"
 #include "styles/FreltaStyleKinds.h"
 
@@ -24,11 +24,7 @@ std::optional<UIColor>& classDisabledColor() {
 
 const UIColor& disabledColor() {
   auto& color = classDisabledColor();
-  if (!color) {
-    color = UIColor::whiteColor();
-    if (Platform::current().system->systemVersion() >= SystemVersion{13, 0, 0})
-      color = UIColor::secondarySystemFillColor();
-  }
+  if (!color) color = defaultDisabledColor();
   return *color;
 }
 

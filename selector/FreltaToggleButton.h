@@ -16,8 +16,7 @@ class FreltaToggleButton : public UIButton {
   explicit FreltaToggleButton(const CGRect& frame);
 
   /// The background in state 0 of all buttons, from their next change to that state on. Nothing
-  /// brings back the default, which the next button made finds: white, or from system version 13
-  /// on the platform's secondary fill.
+  /// brings back the default, which the next button made finds.
   static void setDisabledColor(std::optional<UIColor> color);
 
   /// A FreltaEnabledState; any other number is kept too.

@@ -1,5 +1,7 @@
 #include "graphics/UIColor.h"
 
+#include <algorithm>
+
 #include "foundation/Platform.h"
 
 namespace frelta {
@@ -38,9 +40,11 @@ UIColor UIColor::colorWithAlphaComponent(double alpha) const {
 
 std::optional<UIColor::Components> UIColor::getRed() const {
   if (const SystemInformation* system = Platform::current().system) {
-    for (const SystemInformation::Window& window : system->windows()) {
-      if (window.isKeyWindow) return componentsForStyle(window.userInterfaceStyle);
-    }
+    const auto windows = system->windows();
+    const auto key = std::ranges::find_if(windows, &SystemInformation::Window::isKeyWindow);
+    if (key != windows.end()) return componentsForStyle(key->userInterfaceStyle);
+    // No window has the keyboard while another program's has it.
+    if (!windows.empty()) return componentsForStyle(windows.front().userInterfaceStyle);
   }
   return light_;
 }

@@ -47,8 +47,8 @@ class UIColor {
   static UIColor secondarySystemFillColor();
 
   UIColor colorWithAlphaComponent(double alpha) const;
-  /// The components in the appearance of the key window; light without one. Nothing for a colour
-  /// that has none, which this class does not make.
+  /// The components in the appearance of the key window, else of the first; light without one.
+  /// Nothing for a colour that has none, which this class does not make.
   std::optional<Components> getRed() const;
   Components componentsForStyle(UserInterfaceStyle style) const {
     return style == UserInterfaceStyle::Dark ? dark_ : light_;

@@ -26,6 +26,11 @@ QUrl urlOf(const QString& looks) {
   return QUrl(QStringLiteral("qrc:/Frelta/Quick/qml/%1.qml").arg(looks));
 }
 
+void askForLayout(UIView& view) {
+  view.setNeedsLayout();
+  for (const auto& subview : view.subviews()) askForLayout(*subview);
+}
+
 }  // namespace
 
 ViewMirror::ViewMirror(UIView& root, QQuickItem& rootItem) : root_(root), rootItem_(rootItem) {
@@ -47,6 +52,8 @@ ViewMirror::~ViewMirror() {
 void ViewMirror::setStyle(UserInterfaceStyle style) {
   if (style == theme_.style()) return;
   theme_.setStyle(style);
+  // What views make of the colours that they see now.
+  askForLayout(root_);
   syncAll();
 }
 

@@ -80,7 +80,9 @@ class SwitchRow : public UITableViewCell {
 /// A real window on the offscreen platform.
 class WindowTest : public testing::Test {
  protected:
-  WindowTest() { UIKitServices::install({.text = &measurer}); }
+  explicit WindowTest(UserInterfaceStyle style = UserInterfaceStyle::Light) : appearance(style) {
+    UIKitServices::install({.text = &measurer});
+  }
   ~WindowTest() override {
     window.reset();
     settle();
@@ -145,7 +147,7 @@ class WindowTest : public testing::Test {
 
   FakePlatform platform;
   QtTextMeasurer measurer;
-  Appearance appearance{UserInterfaceStyle::Light};
+  Appearance appearance;
   std::unique_ptr<QuickWindow> window;
 };
 

@@ -205,6 +205,26 @@ TEST_F(StyleCell, OnAnotherGroundColoursCardsAndButtonsAfterIt) {
   EXPECT_EQ(disabled.alpha, 1.0);
 }
 
+TEST_F(StyleCell, OnAGroundThatIsWhiteInLightSuitsBothAppearances) {
+  cell.setIsGrouped(true);
+  cell.setSortedStyleItem(groupOf(2, true));
+  const auto light = header().contentView()->backgroundColor()->getRed();
+  cell.setBackgroundColor(UIColor::systemBackgroundColor());
+
+  platform.system.openWindows = {{true, UserInterfaceStyle::Dark}};
+  cell.setNeedsLayout();
+  cell.layoutIfNeeded();
+
+  const UIView& row = *subCell(cell, 0)->contentView()->contentView();
+  const FreltaToggleButton pill({});
+  EXPECT_EQ(header().contentView()->backgroundColor()->getRed(), (UIColor::Components{0, 0, 0, 1}));
+  EXPECT_EQ(row.backgroundColor(), header().contentView()->backgroundColor());
+  EXPECT_EQ(pill.backgroundColor()->getRed(), (UIColor::Components{0.2, 0.2, 0.2, 1}));
+  platform.system.openWindows = {{true, UserInterfaceStyle::Light}};
+  EXPECT_EQ(header().contentView()->backgroundColor()->getRed(), light);
+  EXPECT_EQ(pill.backgroundColor()->getRed(), UIColor::secondarySystemFillColor().getRed());
+}
+
 TEST_F(StyleCell, WithoutAGroundLeavesTheClassColoursAlone) {
   cell.setSortedStyleItem(style("A"));
 
