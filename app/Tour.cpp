@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "app/PresetsTour.h"
+#include "app/SelectorTour.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 
@@ -46,6 +47,7 @@ bool Tour::run() {
        [&] { return choosesBackground(3, "FreltaThemesCell"); });
   step(QStringLiteral("Background: widget"),
        [&] { return choosesBackground(4, "FreltaWidgetCell"); });
+  walkThroughSelectors(*this);
   step(QStringLiteral("Background: colours"), [&] {
     return choosesBackground(0, "CustomBackgroundColour") && !driver_.hasRow("FreltaWidgetCell");
   });

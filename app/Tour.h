@@ -28,12 +28,12 @@ class Tour {
   static std::optional<PropertyListValue> storedValue(const std::string& key);
   /// Whether a tap on the row's switch changed what is stored, and was told once.
   bool flips(const std::string& key);
+  /// Whether the segment stored that mode, told it once and brought the row.
+  bool choosesBackground(int mode, const std::string& visibleRow);
   /// Whether exactly that many refreshes were heard since the last time.
   bool heardRefreshes(int count);
 
  private:
-  bool choosesBackground(int mode, const std::string& visibleRow);
-
   TourDriver driver_;
   BroadcastListener listener_;
   QString folder_;

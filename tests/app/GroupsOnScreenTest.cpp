@@ -81,12 +81,13 @@ class GroupsOnScreen : public WindowTest {
     platform.mainQueue.advance(seconds);
     settle();
   }
+  /// Has the window draw a frame, and leaves it where pictures are wanted.
   void takePicture(const QString& name) {
+    const QImage frame = window->grabWindow();
     const QString folder = qEnvironmentVariable("FRELTA_PICTURES");
     if (folder.isEmpty()) return;
     EXPECT_TRUE(QDir().mkpath(folder));
-    EXPECT_TRUE(window->grabWindow().save(folder + QStringLiteral("/groups-") + name +
-                                          QStringLiteral(".png")));
+    EXPECT_TRUE(frame.save(folder + QStringLiteral("/groups-") + name + QStringLiteral(".png")));
   }
 
   QtImageServices images;
@@ -181,6 +182,11 @@ TEST_F(GroupsOnScreen, TheTabKeyGoesThroughTheButtonsFromTheTop) {
 struct GroupLook {
   int width;
   UserInterfaceStyle style;
+
+  std::string title() const {
+    return std::to_string(width) + (style == UserInterfaceStyle::Dark ? "Dark" : "Light");
+  }
+  friend void PrintTo(const GroupLook& look, std::ostream* out) { *out << look.title(); }
 };
 
 class GroupPictures : public GroupsOnScreen, public testing::WithParamInterface<GroupLook> {
@@ -191,9 +197,7 @@ class GroupPictures : public GroupsOnScreen, public testing::WithParamInterface<
 // With FRELTA_PICTURES set to a folder, each frame is left there for a person to open.
 TEST_P(GroupPictures, OfACollapseAndAnExpansion) {
   showGroups(GetParam().width);
-  const QString name = QString::number(GetParam().width) +
-                       (GetParam().style == UserInterfaceStyle::Dark ? QStringLiteral("Dark-")
-                                                                     : QStringLiteral("Light-"));
+  const QString name = QString::fromStdString(GetParam().title()) + u'-';
   QQuickItem* rows = window->itemFor(*cell({1, 0}).subCellsView());
   takePicture(name + QStringLiteral("0-expanded"));
 
@@ -202,10 +206,10 @@ TEST_P(GroupPictures, OfACollapseAndAnExpansion) {
   EXPECT_EQ(rows->opacity(), 1);
   for (int frame = 1; frame <= 4; ++frame) {
     pass(0.05);
+    takePicture(name + QStringLiteral("1-collapse-%1").arg(frame));
     if (frame == 2) {
       EXPECT_NEAR(rows->opacity(), 0.5, 1e-4);
     }
-    takePicture(name + QStringLiteral("1-collapse-%1").arg(frame));
   }
   pass(0.001);
   EXPECT_FALSE(rows->isVisible());
@@ -224,7 +228,8 @@ INSTANTIATE_TEST_SUITE_P(Looks, GroupPictures,
                          testing::Values(GroupLook{320, UserInterfaceStyle::Light},
                                          GroupLook{390, UserInterfaceStyle::Light},
                                          GroupLook{390, UserInterfaceStyle::Dark},
-                                         GroupLook{640, UserInterfaceStyle::Light}));
+                                         GroupLook{640, UserInterfaceStyle::Light}),
+                         [](const auto& look) { return look.param.title(); });
 
 }  // namespace
 }  // namespace frelta

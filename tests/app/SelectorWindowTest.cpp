@@ -1,5 +1,6 @@
 #include <QImage>
 #include <QWheelEvent>
+#include <filesystem>
 
 #include "tests/app/SelectorWindow.h"
 #include "uikit/UIImageView.h"
@@ -211,6 +212,7 @@ TEST_F(SelectorWindowTest, AStyleInstalledMeanwhileShowsWhenTheScreenIsOpenedAga
 }
 
 TEST_F(SelectorWindowTest, AnEmptyFolderIsAnEmptyScreenWithAWayBack) {
+  std::filesystem::create_directories(window.platform.hostPath(kThemesFolder));
   ASSERT_NO_FATAL_FAILURE(window.openSelector(kWidgetKind));
 
   EXPECT_EQ(window.table().numberOfRowsInSection(1), 0);

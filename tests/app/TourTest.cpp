@@ -25,10 +25,11 @@ TEST(Tour, WalksEveryStepAndLeavesAPictureOfEach) {
   EXPECT_EQ(program.exitCode(), 0) << output << program.readAllStandardError().toStdString();
   EXPECT_THAT(output, testing::HasSubstr("heard com.tarno.frelta.refresh"));
   EXPECT_THAT(output, testing::HasSubstr("<key>CurrentPreset</key>"));
+  EXPECT_THAT(output, testing::HasSubstr("Switch Widgets off: ok"));
   EXPECT_THAT(output, testing::Not(testing::HasSubstr("FAILED")));
   const QDir pictures(folder.filePath(QStringLiteral("pictures")));
   const QStringList files = pictures.entryList({QStringLiteral("*.png")});
-  EXPECT_GE(files.size(), 26);
+  EXPECT_GE(files.size(), 41);
   for (const QString& file : files) {
     EXPECT_FALSE(QImage(pictures.filePath(file)).isNull()) << file.toStdString();
   }
