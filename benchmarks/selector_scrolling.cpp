@@ -1,5 +1,4 @@
-// Scrolling ten thousand cards, against a plain list of the same; and their first frame, against
-// that of ten.
+// Scrolling the selector with ten thousand styles, against a plain list of the same cards.
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -11,14 +10,16 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <functional>
+#include <string>
+#include <vector>
 
 #include "fake/FakePlatform.h"
 #include "graphics/GraphicsServices.h"
 #include "painting/QtImageServices.h"
 #include "quick/QtTextMeasurer.h"
 #include "quick/QuickWindow.h"
-#include "tests/quick/SyntheticCards.h"
+#include "selector/FreltaThemeSelectorViewController.h"
+#include "settings/SettingsKeys.h"
 #include "uikit/UIKitServices.h"
 
 using namespace frelta;
@@ -31,7 +32,10 @@ constexpr int kFrames = 1200;
 constexpr int kRounds = 3;
 constexpr double kPointsAFrame = 3000.0 / 60;
 constexpr int kPictures = 50;
-constexpr int kFirstFrames = 21;
+
+std::string folderOf(int number) {
+  return std::string(kThemesFolder) + "Folder " + std::to_string(number);
+}
 
 double processorMilliseconds() {
   timespec time{};
@@ -90,16 +94,16 @@ void waitForFrame(QQuickWindow& window) {
   window.grabWindow();
 }
 
-std::vector<double> scrollCards(const std::vector<std::string>& pictures, int& cellsMade) {
+std::vector<double> scrollSelector(const FreltaStyleLibrary::Entries& styles) {
   Appearance appearance(UserInterfaceStyle::Light);
-  const auto screen = std::make_shared<SyntheticCards>(kCards, pictures);
-  QuickWindow window(screen, appearance);
+  const auto selector = FreltaThemeSelectorViewController::init();
+  QuickWindow window(selector, appearance);
   window.resize(kWindow);
+  selector->setSortedStyles(styles);
+  selector->tableView()->reloadData();
   waitForFrame(window);
-  auto* content = window.itemFor(screen->table())->property("content").value<QQuickItem*>();
-  std::vector<double> frames = scroll(window, *content->parentItem()->parentItem());
-  cellsMade = screen->cellsMade;
-  return frames;
+  auto* content = window.itemFor(*selector->tableView())->property("content").value<QQuickItem*>();
+  return scroll(window, *content->parentItem()->parentItem());
 }
 
 std::vector<double> scrollList(const QStringList& pictures) {
@@ -110,20 +114,6 @@ std::vector<double> scrollList(const QStringList& pictures) {
   view.resize(kWindow);
   waitForFrame(view);
   return scroll(view, *view.rootObject());
-}
-
-/// Processor time from a screen that is not loaded to its picture in an open window.
-double firstFrame(int cards, const std::vector<std::string>& pictures) {
-  Appearance appearance(UserInterfaceStyle::Light);
-  QuickWindow window(std::make_shared<UIViewController>(), appearance);
-  window.resize(kWindow);
-  waitForFrame(window);
-  const auto screen = std::make_shared<SyntheticCards>(cards, pictures);
-  const double start = processorMilliseconds();
-  window.uiWindow().setRootViewController(screen);
-  window.mirror().flush();
-  window.grabWindow();
-  return processorMilliseconds() - start;
 }
 
 void report(const char* name, const std::vector<double>& frames) {
@@ -144,35 +134,30 @@ int main(int argc, char** argv) {
   QtTextMeasurer measurer;
   UIKitServices::install({.text = &measurer});
 
-  std::vector<std::string> paths;
   QStringList urls;
   for (int i = 0; i < kPictures; ++i) {
-    paths.push_back("/pictures/" + std::to_string(i) + ".png");
-    platform.put(paths.back(), picture(i).toStdString());
+    const std::string path = folderOf(i) + "/Icon@2.png";
+    platform.put(path, picture(i).toStdString());
     urls.append(QStringLiteral("file://") +
-                QString::fromStdString(platform.hostPath(paths.back()).string()));
+                QString::fromStdString(platform.hostPath(path).string()));
+  }
+  FreltaStyleLibrary::Entries styles;
+  for (int i = 0; i < kCards; ++i) {
+    auto style = std::make_shared<FreltaSortedStyle>();
+    style->setDisplayName("Style number " + std::to_string(i));
+    style->setFullPath(folderOf(i % kPictures));
+    styles.push_back(std::move(style));
   }
 
-  int cellsMade = 0;
   std::vector<double> cards;
   std::vector<double> list;
   for (int round = 0; round < kRounds; ++round) {
-    for (const double frame : scrollCards(paths, cellsMade)) cards.push_back(frame);
+    for (const double frame : scrollSelector(styles)) cards.push_back(frame);
     for (const double frame : scrollList(urls)) list.push_back(frame);
   }
   report("cards", cards);
   report("list", list);
   std::printf("cards / list: median %.2f, 99th percentile %.2f\n",
               share(cards, 0.5) / share(list, 0.5), share(cards, 0.99) / share(list, 0.99));
-  std::printf("cells made for %d cards: %d\n", kCards, cellsMade);
-
-  std::vector<double> few;
-  std::vector<double> many;
-  for (int i = 0; i < kFirstFrames; ++i) {
-    few.push_back(firstFrame(10, paths));
-    many.push_back(firstFrame(kCards, paths));
-  }
-  std::printf("first frame: 10 cards %.1f ms, %d cards %.1f ms, ratio %.2f\n", share(few, 0.5),
-              kCards, share(many, 0.5), share(many, 0.5) / share(few, 0.5));
   return 0;
 }
