@@ -179,6 +179,40 @@ TEST_F(GroupsOnScreen, TheTabKeyGoesThroughTheButtonsFromTheTop) {
                                   "Enable Winter with a very long name indeed", "Disable Colours"));
 }
 
+TEST_F(GroupsOnScreen, CardsFollowTheDesktopIntoTheDarkAndBack) {
+  showGroups();
+  const auto groundOf = [&](const FreltaStyleContentsCell& row) {
+    const QPoint point = pointIn(*row.contentView(), 0.6, 0.9);
+    return window->grabWindow().pixelColor(point).name();
+  };
+  const auto turn = [&](UserInterfaceStyle style) {
+    platform.system.openWindows = {{true, style}};
+    window->mirror().setStyle(style);
+    settle();
+  };
+  EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#f5f5f5"));
+
+  turn(UserInterfaceStyle::Dark);
+  EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#000000"));
+  EXPECT_EQ(groundOf(*row(1).contentView()), QStringLiteral("#000000"));
+
+  turn(UserInterfaceStyle::Light);
+  EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#f5f5f5"));
+  EXPECT_EQ(groundOf(*row(1).contentView()), QStringLiteral("#f5f5f5"));
+}
+
+TEST_F(GroupsOnScreen, CardsAreMirroredFromRightToLeft) {
+  QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+
+  showGroups();
+  takePicture(QStringLiteral("right-to-left"));
+
+  EXPECT_EQ(placeOf(*cell({1, 0}).headerView()->enableButton()).x(), 17.5);
+  EXPECT_EQ(placeOf(*row(0).contentView()->enableButton()).x(), 17);
+  EXPECT_GT(placeOf(*row(0).contentView()->iconImageView()).x(), 195);
+  QGuiApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 struct GroupLook {
   int width;
   UserInterfaceStyle style;
