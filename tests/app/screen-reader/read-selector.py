@@ -31,6 +31,11 @@ def named(app, name):
     return next((node for node in read_page(app) if node.get_name() == name), None)
 
 
+def row_to_selector(app):
+    buttons = [node for node in read_page(app) if node.get_role() == Atspi.Role.PUSH_BUTTON]
+    return next((node for node in buttons if "images theme" in node.get_name().lower()), None)
+
+
 def cards(app):
     """Each card on the screen: place, title, kind, names of the buttons in it, the button."""
     found = []
@@ -84,7 +89,7 @@ def main():
     wait_for(themes.is_dir, "the styles folder is made")
     install(themes)
     press(wait_for(lambda: named(app, "Images"), "there is a choice of backgrounds"))
-    press(wait_for(lambda: named(app, "Images theme"), "there is a row that leads to the selector"))
+    press(wait_for(lambda: row_to_selector(app), "there is a row that leads to the selector"))
 
     wait_for(lambda: cards(app), "the selector shows cards")
     found = settled_cards(app)
