@@ -1,8 +1,28 @@
 include(GNUInstallDirs)
 
-set(FRELTA_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/frelta)
+# Not /usr/lib itself, whose next folders CPack takes for those that ldconfig looks after.
+if(CMAKE_LIBRARY_ARCHITECTURE)
+  set(FRELTA_LIBRARY_DIR lib/${CMAKE_LIBRARY_ARCHITECTURE}/frelta)
+else()
+  set(FRELTA_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/frelta)
+endif()
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+# Install trees are packed without building what they do not hold, the tests among it.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
+# No program or library tells where it was built.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+
+if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT FRELTA_SANITIZE)
+  add_compile_options(-fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE
+    -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security)
+  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+    add_compile_options(-fcf-protection)
+  endif()
+  add_link_options(-Wl,-z,relro -Wl,-z,now)
+endif()
 
 set(FRELTA_WARNINGS
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough

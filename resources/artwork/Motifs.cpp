@@ -69,15 +69,48 @@ void paintDunesOn(QPainter& painter, const QRectF& rect) {
   fillHill(painter, rect, at(0.8), rect.height() * 0.1, at(0.96), QColor(66, 30, 82));
 }
 
-}  // namespace
-
-void paintFreltaIcon(QPainter& painter) {
+void paintBackdrop(QPainter& painter) {
   const QRectF square({0, 0}, kIconSize);
   fillDownwards(painter, square, QColor(122, 92, 250), QColor(42, 36, 140));
   fillGlow(painter, {14, 8}, 38, QColor(120, 220, 255, 150));
   fillGlow(painter, {54, 58}, 34, QColor(255, 100, 190, 130));
+}
+
+/// To the icon's square with its corners rounded off.
+void clipRounded(QPainter& painter, double radius) {
+  QPainterPath shape;
+  shape.addRoundedRect(QRectF({0, 0}, kIconSize), radius, radius);
+  painter.setClipPath(shape);
+}
+
+}  // namespace
+
+void paintFreltaIcon(QPainter& painter) {
+  paintBackdrop(painter);
   paintKeys(painter, {11.5, 19}, 7, 3, QColor(255, 255, 255, 235));
   fillRounded(painter, {21.5, 19, 7, 7}, 1.75, QColor(255, 205, 90));
+}
+
+void paintApplicationIcon(QPainter& painter) {
+  constexpr double kMargin = 3.75;
+  painter.save();
+  painter.translate(kMargin, kMargin);
+  painter.scale(1 - 2 * kMargin / kIconSize.width(), 1 - 2 * kMargin / kIconSize.height());
+  clipRounded(painter, 13);
+  paintFreltaIcon(painter);
+  painter.restore();
+}
+
+void paintSmallApplicationIcon(QPainter& painter) {
+  painter.save();
+  clipRounded(painter, 12);
+  paintBackdrop(painter);
+  const QColor key(255, 255, 255, 240);
+  fillRounded(painter, {8, 15, 12, 12}, 3, key);
+  fillRounded(painter, {24, 15, 12, 12}, 3, QColor(255, 205, 90));
+  fillRounded(painter, {40, 15, 12, 12}, 3, key);
+  fillRounded(painter, {8, 34, 44, 12}, 3, key);
+  painter.restore();
 }
 
 void paintPlaceholder(QPainter& painter) {

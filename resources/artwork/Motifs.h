@@ -11,6 +11,10 @@ inline constexpr QSizeF kKeyboardSize{390, 216};
 inline constexpr QSizeF kKeySize{36, 44};
 
 void paintFreltaIcon(QPainter& painter);
+/// The same as the desktop shows it: rounded, with the margin that icons there have around them.
+void paintApplicationIcon(QPainter& painter);
+/// For sizes at which the whole keyboard would be a blur: fewer and larger keys.
+void paintSmallApplicationIcon(QPainter& painter);
 void paintPlaceholder(QPainter& painter);
 void paintImagesThemeIcon(QPainter& painter);
 void paintHTMLThemeIcon(QPainter& painter);

@@ -32,6 +32,11 @@ constexpr Picture kPictures[] = {
     {"Themes/Example Widget.bundle/Icon@3.png", kIconSize, 3, paintWidgetIcon},
 };
 
+constexpr int kApplicationIconSizes[] = {16, 22, 24, 32, 48, 64, 128, 256, 512};
+constexpr int kLargestSmallIcon = 24;
+/// The clip of a rounded icon has hard edges, so icons are drawn larger and shrunk.
+constexpr int kOversampling = 4;
+
 bool draw(const Picture& picture, const QString& path) {
   QImage image((picture.size * picture.scale).toSize(), QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
@@ -43,12 +48,38 @@ bool draw(const Picture& picture, const QString& path) {
   return QDir().mkpath(QFileInfo(path).path()) && image.save(path);
 }
 
+bool drawApplicationIcon(int side, const QString& path) {
+  const int large = side * kOversampling;
+  QImage image(large, large, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(large / kIconSize.width(), large / kIconSize.height());
+  (side <= kLargestSmallIcon ? paintSmallApplicationIcon : paintApplicationIcon)(painter);
+  painter.end();
+  const QImage icon = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return QDir().mkpath(QFileInfo(path).path()) && icon.save(path);
+}
+
+bool drawApplicationIcons(const QString& folder) {
+  for (const int side : kApplicationIconSizes) {
+    const QString path = QStringLiteral("%1/%2x%2/apps/com.tarno.frelta.png").arg(folder).arg(side);
+    if (drawApplicationIcon(side, path)) continue;
+    std::fprintf(stderr, "draw-artwork: cannot write %s\n", qPrintable(path));
+    return false;
+  }
+  return true;
+}
+
 }  // namespace
 
-/// Draws the bundle's pictures into its folder.
+/// Draws the bundle's pictures into its folder, or with "--icons" the application's icons into a
+/// folder of one icon theme.
 int main(int argc, char** argv) {
+  if (argc == 3 && qstrcmp(argv[1], "--icons") == 0)
+    return drawApplicationIcons(QString::fromLocal8Bit(argv[2])) ? 0 : 1;
   if (argc != 2) {
-    std::fputs("Usage: draw-artwork FOLDER\n", stderr);
+    std::fputs("Usage: draw-artwork [--icons] FOLDER\n", stderr);
     return 2;
   }
   for (const Picture& picture : kPictures) {

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "installer/StyleRefusal.h"
+#include "linux/DeviceRoot.h"
+
+namespace frelta {
+
+/// A style's folder while it is made, out of sight beside the styles folder; it takes its place
+/// whole or not at all. There is one at a time in a device root, whichever process makes it; what a
+/// process that died has left is removed by the next.
+class StagedStyle {
+ public:
+  /// Makes an empty one. The styles folder must exist.
+  static std::variant<std::unique_ptr<StagedStyle>, StyleRefusal> begin(const DeviceRoot& root);
+  /// Removes what a process that died has left, unless one is being made.
+  static void sweep(const DeviceRoot& root);
+
+  StagedStyle(const StagedStyle&) = delete;
+  StagedStyle& operator=(const StagedStyle&) = delete;
+  /// Removes it unless it has taken its place.
+  ~StagedStyle();
+
+  // Paths are relative to the style's folder and have been checked; each is new and what holds it
+  // is there. False leaves the reason in errno.
+  bool makeFolder(const std::string& path);
+  FileDescriptor makeFile(const std::string& path);
+  static bool write(const FileDescriptor& file, std::string_view bytes);
+
+  /// Brings everything to the disk and gives it the name in the styles folder. What has the name is
+  /// kept, as a refusal, or goes when it is to be replaced: in one step, so that a reader finds the
+  /// old style or the new one.
+  std::optional<StyleRefusal> takePlace(const std::string& name, bool replace);
+
+ private:
+  StagedStyle(FileDescriptor parent, FileDescriptor styles)
+      : parent_(std::move(parent)), styles_(std::move(styles)) {}
+
+  FileDescriptor parent_;
+  FileDescriptor styles_;  // locked
+  FileDescriptor folder_;
+};
+
+}  // namespace frelta
