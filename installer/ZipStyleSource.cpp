@@ -17,6 +17,18 @@ struct CloseFile {
   void operator()(zip_file_t* file) const { zip_fclose(file); }
 };
 
+/// Of an archive that cannot be opened.
+StyleRefusalReason reasonOf(int error) {
+  switch (error) {
+    case ZIP_ER_NOZIP:
+      return Reason::NotAFolderOrZip;
+    case ZIP_ER_EXISTS:
+      return Reason::Duplicate;
+    default:
+      return Reason::Damaged;
+  }
+}
+
 /// Archives made on systems without these bits leave them 0, which says a plain file or folder.
 StyleEntry::Kind kindOf(zip_t* archive, std::uint64_t index, const std::string& path) {
   const bool folder = path.ends_with('/');
@@ -52,7 +64,7 @@ std::variant<std::unique_ptr<StyleSource>, StyleRefusal> ZipStyleSource::open(
   zip_t* archive = own < 0 ? nullptr : zip_fdopen(own, ZIP_CHECKCONS, &error);
   if (!archive) {
     if (own >= 0) ::close(own);
-    return StyleRefusal{error == ZIP_ER_NOZIP ? Reason::NotAFolderOrZip : Reason::Damaged, {}};
+    return StyleRefusal{reasonOf(error), {}};
   }
   std::unique_ptr<ZipStyleSource> source(new ZipStyleSource(archive, std::move(name)));
   const zip_int64_t count = zip_get_num_entries(archive, 0);

@@ -1,4 +1,4 @@
-"""What the readings of the window have in common."""
+"""What a screen reader does: finds the application on the accessibility bus, reads and presses."""
 
 import time
 

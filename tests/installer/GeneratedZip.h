@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace frelta {
+
+/// Puts zip files together, honest ones and others.
+class GeneratedZip {
+ public:
+  /// What an entry says of itself where that is not what it is.
+  struct Claims {
+    std::uint32_t mode = 0100644;
+    std::uint16_t method = 0;
+    std::uint16_t flags = 0;
+    std::optional<std::uint64_t> size;
+  };
+
+  static constexpr std::uint16_t kStored = 0;
+  static constexpr std::uint16_t kDeflated = 8;
+  static constexpr std::uint16_t kEncrypted = 1;
+
+  /// Bytes are packed when the method says so.
+  GeneratedZip& add(std::string_view name, std::string_view bytes) { return add(name, bytes, {}); }
+  GeneratedZip& add(std::string_view name, std::string_view bytes, const Claims& claims);
+  GeneratedZip& addFolder(std::string_view name);
+  /// One more entry of that name for the packed bytes of the last one.
+  GeneratedZip& addLastAgain(std::string_view name);
+
+  /// The whole file.
+  std::string bytes() const;
+
+ private:
+  struct Entry {
+    std::string fields;  // what the local header and the directory's entry share
+    std::uint64_t size = 0;
+    std::uint32_t mode = 0;
+    std::uint64_t offset = 0;
+  };
+
+  void addToDirectory(std::string_view name, const Entry& entry);
+
+  std::string files_;
+  std::string directory_;
+  std::uint64_t count_ = 0;
+  Entry last_;
+};
+
+}  // namespace frelta

@@ -1,0 +1,247 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+
+#include <csignal>
+
+#include "linux/FileDescriptor.h"
+#include "tests/installer/InstallerTest.h"
+
+namespace frelta {
+namespace {
+
+using Reason = StyleRefusalReason;
+
+class InstallStyle : public InstallerTest {
+ protected:
+  std::string folder(const std::string& name) {
+    write(sources() / name / "Images/Key.png", "key");
+    return sources() / name;
+  }
+  std::filesystem::path leftovers() const { return root() / "Library/Frelta/.installing-style"; }
+};
+
+TEST_F(InstallStyle, TakesAZipWithTheStylesFolderInIt) {
+  const std::string zip = put("download (1).zip", GeneratedZip()
+                                                      .addFolder("Sea.theme")
+                                                      .addFolder("Sea.theme/Images")
+                                                      .add("Sea.theme/Images/Key.png", "key")
+                                                      .add("Sea.theme/Icon.png", "icon"));
+
+  const std::string name = installedName(zip);
+
+  EXPECT_EQ(name, "Sea.theme");
+  EXPECT_EQ(read(themes() / "Sea.theme/Images/Key.png"), "key");
+  EXPECT_EQ(read(themes() / "Sea.theme/Icon.png"), "icon");
+  EXPECT_FALSE(std::filesystem::exists(leftovers()));
+}
+
+TEST_F(InstallStyle, NamesAZipsOwnContentsAfterTheZip) {
+  const std::string theme = put("Sea.theme.zip", GeneratedZip().add("HTML/index.html", "<p>"));
+  const std::string widget = put("Clock.Bundle.zip", GeneratedZip().add("index.html", "<p>"));
+
+  EXPECT_EQ(installedName(theme), "Sea.theme");
+  EXPECT_EQ(installedName(widget), "Clock.Bundle");
+  EXPECT_EQ(read(themes() / "Clock.Bundle/index.html"), "<p>");
+}
+
+TEST_F(InstallStyle, UnpacksWhatIsPacked) {
+  std::string noise;
+  for (unsigned i = 0; i < 300'000; ++i) noise += static_cast<char>((i * i) >> 7);
+  const std::string zip =
+      put("a.zip", GeneratedZip().add("A.theme/Images/a", noise,
+                                      {.method = GeneratedZip::kDeflated, .size = {}}));
+
+  const std::string name = installedName(zip);
+
+  EXPECT_TRUE(read(themes() / name / "Images/a") == noise);
+}
+
+TEST_F(InstallStyle, PassesOverWhatDesktopsLeaveInArchives) {
+  const std::string zip = put("a.zip", GeneratedZip()
+                                           .add("__MACOSX/A.theme/._Icon.png", "x")
+                                           .add(".DS_Store", "x")
+                                           .add("A.theme/.DS_Store", "x")
+                                           .add("A.theme/Images/Key.png", "key"));
+
+  const std::string name = installedName(zip);
+
+  EXPECT_EQ(name, "A.theme");
+  EXPECT_FALSE(std::filesystem::exists(themes() / "A.theme/.DS_Store"));
+  EXPECT_FALSE(std::filesystem::exists(themes() / "__MACOSX"));
+}
+
+TEST_F(InstallStyle, TakesAFolder) {
+  const std::string source = folder("Sea.theme");
+  write(sources() / "Sea.theme/Images/more/Space.png", "space");
+
+  const std::string name = installedName(source + "/");
+
+  EXPECT_EQ(name, "Sea.theme");
+  EXPECT_EQ(read(themes() / "Sea.theme/Images/more/Space.png"), "space");
+  EXPECT_EQ(read(sources() / "Sea.theme/Images/Key.png"), "key");
+}
+
+TEST_F(InstallStyle, TakesTheOneStyleInAFolder) {
+  folder("unpacked/Sea.theme");
+
+  const std::string name = installedName(sources() / "unpacked");
+
+  EXPECT_EQ(name, "Sea.theme");
+}
+
+TEST_F(InstallStyle, RefusesAFolderWithoutAStyle) {
+  write(sources() / "photos/beach.jpg", "jpg");
+  std::filesystem::create_directories(sources() / "empty");
+
+  EXPECT_THAT(refusal(sources() / "photos"), refusedFor(Reason::NotAStyle));
+  EXPECT_THAT(refusal(sources() / "empty"), refusedFor(Reason::NotAStyle));
+}
+
+TEST_F(InstallStyle, RefusesToChooseAmongSeveralStyles) {
+  folder("both/Sea.theme");
+  folder("both/Sky.theme");
+
+  EXPECT_THAT(refusal(sources() / "both"),
+              refusedFor(Reason::SeveralStyles, "Sea.theme, Sky.theme"));
+}
+
+TEST_F(InstallStyle, RefusesWhatIsNeitherFolderNorZip) {
+  write(sources() / "notes.zip", "These are only notes, not a zip file at all.");
+
+  EXPECT_THAT(refusal(sources() / "notes.zip"), refusedFor(Reason::NotAFolderOrZip));
+  EXPECT_THAT(refusal("/dev/null"), refusedFor(Reason::NotAFolderOrZip));
+  EXPECT_THAT(refusal(sources() / "gone.zip"),
+              refusedFor(Reason::Missing, "No such file or directory"));
+}
+
+TEST_F(InstallStyle, RefusesLinksPipesAndSocketsInAFolder) {
+  const std::string linked = folder("linked.theme");
+  std::filesystem::create_symlink(sources() / "mine.txt", linked + "/Images/link");
+  const std::string piped = folder("piped.theme");
+  ASSERT_EQ(::mkfifo((piped + "/Images/pipe").c_str(), 0600), 0);
+
+  EXPECT_THAT(refusal(linked), refusedFor(Reason::Link, "Images/link"));
+  EXPECT_THAT(refusal(piped), refusedFor(Reason::Device, "Images/pipe"));
+}
+
+TEST_F(InstallStyle, HoldsFoldersToTheLimits) {
+  const std::string many = folder("many.theme");
+  for (int i = 0; i < 9; ++i) write(many + "/Images/" + std::to_string(i), "");
+  const std::string deep = folder("deep.theme");
+  write(deep + "/Images/a/b/c/d", "");
+  const std::string large = folder("large.theme");
+  write(large + "/Images/large", std::string(1001, 'x'));
+  installation.limits = {.entries = 10, .bytes = 1000, .depth = 4};
+
+  EXPECT_THAT(refusal(many), refusedFor(Reason::TooManyEntries));
+  EXPECT_THAT(refusal(deep), refusedFor(Reason::TooDeep, "Images/a/b/c"));
+  EXPECT_THAT(refusal(large), refusedFor(Reason::TooLarge));
+}
+
+TEST_F(InstallStyle, KeepsTheStyleThatHasTheName) {
+  write(themes() / "Sea.theme/HTML/index.html", "old");
+
+  const StyleRefusal refused = refusal(folder("Sea.theme"));
+
+  EXPECT_THAT(refused, refusedFor(Reason::AlreadyInstalled, "Sea.theme"));
+}
+
+TEST_F(InstallStyle, ReplacesTheStyleThatHasTheNameWhenTold) {
+  write(themes() / "Sea.theme/HTML/index.html", "old");
+  installation.replace = true;
+
+  const std::string name = installedName(folder("Sea.theme"));
+
+  EXPECT_EQ(name, "Sea.theme");
+  EXPECT_EQ(read(themes() / "Sea.theme/Images/Key.png"), "key");
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme/HTML"));
+  EXPECT_FALSE(std::filesystem::exists(leftovers()));
+}
+
+TEST_F(InstallStyle, CanBeCancelledAnywhere) {
+  const std::string source = folder("Sea.theme");
+  for (int i = 0; i < 5; ++i) write(source + "/Images/" + std::to_string(i), "bytes");
+  int calls = 0;
+  installation.progress = [&](double) { return ++calls < 1'000; };
+  ASSERT_EQ(installedName(source), "Sea.theme");
+  const int all = calls;
+  std::filesystem::remove_all(themes() / "Sea.theme");
+
+  for (int last = 1; last <= all; ++last) {
+    calls = 0;
+    installation.progress = [&](double) { return ++calls < last; };
+    EXPECT_THAT(refusal(source), refusedFor(Reason::Cancelled)) << last;
+  }
+
+  EXPECT_EQ(all, 12);
+}
+
+TEST_F(InstallStyle, TellsProgressFromNothingToAll) {
+  const std::string zip =
+      put("a.zip", GeneratedZip().add("Images/a", "1234").add("Images/b", "567890"));
+  std::vector<double> told;
+  installation.progress = [&](double part) {
+    told.push_back(part);
+    return true;
+  };
+
+  installedName(zip);
+
+  EXPECT_THAT(told, testing::ElementsAre(0, 0.4, 0.4, 1));
+}
+
+TEST_F(InstallStyle, LeavesNothingWhenTheDiskTakesNoMore) {
+  const std::string source = folder("Sea.theme");
+  write(source + "/Images/large", std::string(100'000, 'x'));
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit little{50'000, 50'000};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &little), 0);
+
+  const StyleRefusal refused = refusal(source);
+
+  EXPECT_THAT(refused, refusedFor(Reason::CannotWrite, "File too large"));
+}
+
+TEST_F(InstallStyle, WaitsForNoOtherInstallation) {
+  const FileDescriptor other(::open(themes().c_str(), O_RDONLY | O_DIRECTORY));
+  ASSERT_EQ(::flock(other.get(), LOCK_EX), 0);
+  write(leftovers() / "Images/half", "the other's");
+
+  const StyleRefusal refused = refusal(folder("Sea.theme"));
+
+  EXPECT_THAT(refused, refusedFor(Reason::Busy));
+}
+
+TEST_F(InstallStyle, RemovesWhatAnInstallationThatDiedHasLeft) {
+  write(leftovers() / "Images/half", "half");
+
+  const std::string name = installedName(folder("Sea.theme"));
+
+  EXPECT_EQ(name, "Sea.theme");
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme/Images/half"));
+  EXPECT_FALSE(std::filesystem::exists(leftovers()));
+}
+
+TEST_F(InstallStyle, IsSweptAtTheNextStart) {
+  write(leftovers() / "Images/half", "half");
+
+  sweepUnfinishedStyle(root());
+
+  EXPECT_FALSE(std::filesystem::exists(leftovers()));
+}
+
+TEST_F(InstallStyle, DoesNotFollowALinkOutOfTheRoot) {
+  std::filesystem::remove(themes());
+  std::filesystem::create_symlink(sources(), themes());
+  const std::string source = folder("Sea.theme");
+
+  const auto result = install(source);
+
+  EXPECT_TRUE(std::holds_alternative<StyleRefusal>(result));
+  EXPECT_EQ(read(sources() / "Sea.theme/Images/Key.png"), "key");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(sources()), {}), 2);
+}
+
+}  // namespace
+}  // namespace frelta
