@@ -1,5 +1,7 @@
 #include "app/HostPlatform.h"
 
+#include "installer/StyleInstallation.h"
+
 namespace frelta {
 
 HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance)
@@ -8,6 +10,7 @@ HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance
                              "/Library/Frelta/UserImages"}) {
     files_.sweepDirectoryAtPath(folder);
   }
+  sweepUnfinishedStyle(root);
 }
 
 Platform HostPlatform::platform() {

@@ -33,7 +33,7 @@ std::unique_ptr<LoadedBundle> LoadedBundle::load(const QString& folder, QString&
   if (bytes) value = Platform::current().propertyLists->propertyListWithData(*bytes);
   const std::optional<PSBundleInfo> info = value ? bundleInfoWithValue(*value) : std::nullopt;
   if (!info) {
-    error = QStringLiteral("%1 is not a preference bundle.").arg(folder);
+    error = tr("%1 is not a preference bundle.").arg(folder);
     return nullptr;
   }
   bundle->info_ = *info;
@@ -43,13 +43,12 @@ std::unique_ptr<LoadedBundle> LoadedBundle::load(const QString& folder, QString&
   const auto registerClasses =
       reinterpret_cast<RegisterClasses>(library.resolve("PSBundleRegisterClasses"));
   if (!registerClasses) {
-    error = QStringLiteral("The bundle's code cannot be loaded: %1").arg(library.errorString());
+    error = tr("The bundle's code cannot be loaded: %1").arg(library.errorString());
     return nullptr;
   }
   registerClasses(bundle->classes_);
   if (!bundle->classes_.controller(info->principalClass)) {
-    error = QStringLiteral("The bundle has no class %1.")
-                .arg(QString::fromStdString(info->principalClass));
+    error = tr("The bundle has no class %1.").arg(QString::fromStdString(info->principalClass));
     return nullptr;
   }
   return bundle;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <memory>
 
@@ -10,6 +11,8 @@ namespace frelta {
 /// A preference bundle in a folder of the host, its shared object loaded into this process. It
 /// stays loaded to the end: objects of its classes may outlive every handle.
 class LoadedBundle : public PSBundle {
+  Q_DECLARE_TR_FUNCTIONS(LoadedBundle)
+
  public:
   /// Null when the folder is no bundle or its shared object cannot be loaded; error then says why.
   static std::unique_ptr<LoadedBundle> load(const QString& folder, QString& error);

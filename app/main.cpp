@@ -2,16 +2,24 @@
 #include <cstdio>
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QTemporaryDir>
+#include <optional>
 
 #include "app/HostPlatform.h"
+#include "app/InstallCommand.h"
 #include "app/LoadedBundle.h"
 #include "app/Options.h"
 #include "app/SettingsApplication.h"
+#include "app/StyleDrop.h"
 #include "app/Tour.h"
+#include "app/Translations.h"
+#include "app/WindowState.h"
 #include "quick/RenderBackend.h"
 
 namespace {
+
+using namespace frelta;
 
 // Children are started and forgotten; none may stay behind as a zombie.
 void forgetChildren() {
@@ -26,19 +34,35 @@ int fail(const QString& message, int status) {
   return status;
 }
 
-}  // namespace
+class MainTexts {
+  Q_DECLARE_TR_FUNCTIONS(MainTexts)
+};
 
-int main(int argc, char** argv) {
-  using namespace frelta;
+std::optional<Options> parseOptions(QString& error) {
+  QCoreApplication::setApplicationName(QStringLiteral("frelta-settings"));
+  installTranslations();
+  auto options = Options::parse(QCoreApplication::arguments(), error);
+  if (!options) error += QLatin1Char('\n') + MainTexts::tr("Try --help.");
+  return options;
+}
+
+int runOnTerminal(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  QString error;
+  const auto options = parseOptions(error);
+  return options ? runInstallCommand(*options) : fail(error, 2);
+}
+
+int runInWindow(int argc, char** argv) {
   forgetChildren();
   QGuiApplication application(argc, argv);
-  QGuiApplication::setApplicationName(QStringLiteral("frelta-settings"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Frelta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.tarno.frelta"));
+  QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.tarno.frelta")));
 
   QString error;
-  const std::optional<Options> options = Options::parse(application.arguments(), error);
-  if (!options) return fail(error + QStringLiteral("\nTry --help."), 2);
+  const auto options = parseOptions(error);
+  if (!options) return fail(error, 2);
   chooseRenderBackend();
 
   // A tour changes settings, so it gets a root that nobody needs.
@@ -53,9 +77,22 @@ int main(int argc, char** argv) {
                                appearance);
   if (!settings.open(LoadedBundle::defaultFolder(), error)) return fail(error, 1);
   if (!options->page.isEmpty() && !settings.openPage(options->page)) {
-    return fail(QStringLiteral("There is no page \"%1\".").arg(options->page), 2);
+    return fail(MainTexts::tr("There is no page \"%1\".").arg(options->page), 2);
   }
+  // A tour's pictures are all of one size.
+  const WindowState state(WindowState::defaultFile());
+  if (!tour) state.restore(*settings.window());
   settings.window()->show();
   if (tour) return Tour(settings, options->tourFolder).run() ? 0 : 1;
-  return QGuiApplication::exec();
+  const StyleDrop drop(*settings.window(), *settings.navigationController(), root.toStdString());
+  const int status = QGuiApplication::exec();
+  state.save(*settings.window());
+  return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QStringList arguments(argv + 1, argv + argc);
+  return Options::areForTerminal(arguments) ? runOnTerminal(argc, argv) : runInWindow(argc, argv);
 }

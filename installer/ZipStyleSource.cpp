@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace frelta {
 
@@ -27,6 +28,24 @@ StyleRefusalReason reasonOf(int error) {
     default:
       return Reason::Damaged;
   }
+}
+
+/// What the end of the file says, so that a list of a million entries need not be read to know. The
+/// list itself decides.
+bool tellsOfMoreThan(std::size_t limit, int descriptor) {
+  constexpr std::string_view kMark = "PK\5\6";
+  constexpr std::size_t kRecord = 22;
+  constexpr std::size_t kCount = 10;
+  std::string end(kRecord + 0xffff, '\0');
+  struct stat status;
+  if (::fstat(descriptor, &status) != 0) return false;
+  const auto start = std::max<off_t>(status.st_size - static_cast<off_t>(end.size()), 0);
+  const ssize_t read = ::pread(descriptor, end.data(), end.size(), start);
+  end.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
+  const std::size_t record = end.rfind(kMark);
+  if (record == std::string::npos || end.size() - record < kRecord) return false;
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(end[record + i]); };
+  return (byte(kCount) | (std::size_t{byte(kCount + 1)} << 8)) > limit;
 }
 
 /// Archives made on systems without these bits leave them 0, which says a plain file or folder.
@@ -58,6 +77,7 @@ void ZipStyleSource::Close::operator()(zip* archive) const {
 
 std::variant<std::unique_ptr<StyleSource>, StyleRefusal> ZipStyleSource::open(
     int descriptor, std::string name, const StyleLimits& limits) {
+  if (tellsOfMoreThan(limits.entries, descriptor)) return StyleRefusal{Reason::TooManyEntries, {}};
   // The archive closes the descriptor that it is given.
   const int own = ::dup(descriptor);
   int error = 0;

@@ -1,29 +1,38 @@
 #pragma once
 
 #include <QDBusMessage>
+#include <QMap>
 #include <QObject>
+#include <QVariant>
 #include <optional>
+#include <utility>
 
 #include "foundation/SystemInformation.h"
 
 namespace frelta {
 
-/// Whether the windows are light or dark, and the news when that changes.
+/// How the desktop wants its windows to look, and the news when that changes.
 class Appearance : public QObject {
   Q_OBJECT
 
  public:
-  /// With a fixed style the desktop is not asked. Otherwise the desktop's settings portal decides
-  /// (org.freedesktop.appearance, color-scheme), and the palette until it has answered or where
-  /// there is none.
+  /// With a fixed style the desktop is not asked for one. Otherwise the desktop's settings portal
+  /// decides (org.freedesktop.appearance, color-scheme), and the palette until it has answered or
+  /// where there is none.
   explicit Appearance(std::optional<UserInterfaceStyle> fixed);
 
   /// Light or Dark.
   UserInterfaceStyle style() const { return style_; }
+  // Off until the portal has answered, and where there is none.
+  /// Whether text and edges are to stand out as far as they can.
+  bool highContrast() const { return highContrast_; }
+  /// Whether nothing is to move by itself.
+  bool reducedMotion() const { return reducedMotion_; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
+  /// Of any of them.
   void changed();
 
  private Q_SLOTS:
@@ -31,13 +40,21 @@ class Appearance : public QObject {
   void portalSettingChanged(const QDBusMessage& signal);
 
  private:
-  void askPortal();
-  void usePortalValue(const QVariant& value);
-  void usePalette();
-  void setStyle(UserInterfaceStyle style);
+  /// A setting of the portal: its namespace and its key.
+  using Setting = std::pair<QString, QString>;
 
+  void askPortal();
+  void ask(const Setting& setting);
+  void keep(const Setting& setting, const QVariant& value);
+  uint number(const Setting& setting) const;
+  UserInterfaceStyle desktopStyle() const;
+  void update();
+
+  const std::optional<UserInterfaceStyle> fixed_;
+  QMap<Setting, QVariant> portal_;  // what it has told so far
   UserInterfaceStyle style_ = UserInterfaceStyle::Light;
-  bool portalDecides_ = false;
+  bool highContrast_ = false;
+  bool reducedMotion_ = false;
 };
 
 }  // namespace frelta

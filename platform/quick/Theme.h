@@ -26,10 +26,18 @@ class Theme : public QObject {
   Q_PROPERTY(QColor chevron READ chevron NOTIFY changed)
   Q_PROPERTY(QColor pressed READ pressed NOTIFY changed)
   Q_PROPERTY(QColor segment READ segment NOTIFY changed)
+  Q_PROPERTY(bool highContrast READ highContrast NOTIFY changed)
+  Q_PROPERTY(QColor border READ border NOTIFY changed)
+  Q_PROPERTY(int motion READ motion NOTIFY changed)
 
  public:
   UserInterfaceStyle style() const { return style_; }
-  void setStyle(UserInterfaceStyle style);
+  bool highContrast() const { return highContrast_; }
+  /// What durations are multiplied with: 0 when nothing is to move by itself, else 1.
+  int motion() const { return reducedMotion_ ? 0 : 1; }
+  void setStyle(UserInterfaceStyle style, bool highContrast, bool reducedMotion);
+  /// In the current appearance; with high contrast the platform's adaptive colours take the values
+  /// that it has for that.
   QColor resolve(const UIColor& color) const;
 
   bool dark() const { return style_ == UserInterfaceStyle::Dark; }
@@ -44,12 +52,17 @@ class Theme : public QObject {
   QColor chevron() const { return resolve(UIColor::systemGray3Color()); }
   QColor pressed() const { return resolve(UIColor::systemGray4Color()); }
   QColor segment() const;
+  /// Of controls that are told from what they lie on by their fill alone; see-through unless
+  /// contrast is high.
+  QColor border() const;
 
  Q_SIGNALS:
   void changed();
 
  private:
   UserInterfaceStyle style_ = UserInterfaceStyle::Light;
+  bool highContrast_ = false;
+  bool reducedMotion_ = false;
 };
 
 }  // namespace frelta

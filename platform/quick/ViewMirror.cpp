@@ -49,9 +49,8 @@ ViewMirror::~ViewMirror() {
   while (!orphans_.isEmpty()) delete *orphans_.begin();
 }
 
-void ViewMirror::setStyle(UserInterfaceStyle style) {
-  if (style == theme_.style()) return;
-  theme_.setStyle(style);
+void ViewMirror::setStyle(UserInterfaceStyle style, bool highContrast, bool reducedMotion) {
+  theme_.setStyle(style, highContrast, reducedMotion);
   // What views make of the colours that they see now.
   askForLayout(root_);
   syncAll();

@@ -27,7 +27,7 @@ class ViewMirror : public QObject {
 
   Theme& theme() { return theme_; }
   /// Everything is drawn anew in the appearance.
-  void setStyle(UserInterfaceStyle style);
+  void setStyle(UserInterfaceStyle style, bool highContrast = false, bool reducedMotion = false);
 
   bool isRightToLeft() const;
   /// Points between each side of the column of views and the window's edge.

@@ -40,13 +40,23 @@ TEST(Options, SystemAppearanceFollowsTheDesktop) {
   EXPECT_FALSE(options->appearance);
 }
 
+TEST(Options, NeedNoDisplayToPrintOrInstall) {
+  for (const char* alone :
+       {"-h", "--help", "-v", "--version", "--install-style", "--install-style=a"})
+    EXPECT_TRUE(Options::areForTerminal({QString::fromLatin1(alone)})) << alone;
+  EXPECT_FALSE(Options::areForTerminal({}));
+  EXPECT_FALSE(Options::areForTerminal({QStringLiteral("--tour"), QStringLiteral("out")}));
+}
+
 TEST(Options, SayWhatIsWrong) {
   const QList<QStringList> wrong = {{QStringLiteral("--appearance=pink")},
                                     {QStringLiteral("--unknown")},
                                     {QStringLiteral("stray")},
                                     {QStringLiteral("--root")},
                                     {QStringLiteral("--root=")},
-                                    {QStringLiteral("--tour=")}};
+                                    {QStringLiteral("--tour=")},
+                                    {QStringLiteral("--install-style=")},
+                                    {QStringLiteral("--replace")}};
   for (const QStringList& arguments : wrong) {
     QString error;
 

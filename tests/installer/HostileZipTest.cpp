@@ -102,6 +102,20 @@ TEST_F(HostileZip, WithAMillionEntriesIsRefused) {
   EXPECT_THAT(refused, refusedFor(Reason::TooManyEntries));
 }
 
+TEST_F(HostileZip, WhoseEndHidesHowManyEntriesItHasIsRefused) {
+  GeneratedZip generated;
+  for (int i = 0; i < 20'000; ++i) generated.add("Images/" + std::to_string(i), {});
+  std::string bytes = generated.bytes();
+  constexpr std::size_t kEndRecord = 22;
+  for (const std::size_t count : {8, 10})
+    bytes.replace(bytes.size() - kEndRecord + count, 2, std::string("\1\0", 2));
+  write(sources() / "a.zip", bytes);
+
+  const StyleRefusal refused = refusal(sources() / "a.zip");
+
+  EXPECT_THAT(refused, refusedFor(Reason::Damaged));
+}
+
 TEST_F(HostileZip, WithNamesThatAreNotUTF8IsRefused) {
   const std::string zip =
       put("a.zip", GeneratedZip().add("Images/Key.png", "k").add("Images/\xff\xfe", "x"));

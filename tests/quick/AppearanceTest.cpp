@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <QDBusConnection>
+#include <QDBusContext>
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
@@ -15,13 +16,14 @@ namespace frelta {
 namespace {
 
 /// The desktop's settings portal, as far as the appearance goes.
-class FakePortal : public QObject {
+class FakePortal : public QObject, protected QDBusContext {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
  public:
-  explicit FakePortal(uint value)
-      : scheme(value),
+  explicit FakePortal(uint scheme) : FakePortal({{kScheme, scheme}}) {}
+  explicit FakePortal(QMap<QString, QVariant> told)
+      : values(std::move(told)),
         bus(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"))) {
     bus.registerObject(
         QStringLiteral("/org/freedesktop/portal/desktop"), this,
@@ -30,20 +32,25 @@ class FakePortal : public QObject {
   }
   ~FakePortal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
 
-  void change(const QString& space, const QString& key, uint value) {
+  bool wasRead(const QString& space, const QString& key) const {
+    return reads.contains(space + u' ' + key);
+  }
+  void change(const QString& space, const QString& key, const QVariant& value) {
     Q_EMIT SettingChanged(space, key, QDBusVariant(value));
   }
 
-  uint scheme;
-  int reads = 0;
+  inline static const QString kScheme = QStringLiteral("org.freedesktop.appearance color-scheme");
+
+  QMap<QString, QVariant> values;  // by namespace and key
+  QStringList reads;
   bool isOnTheBus = false;
 
  public Q_SLOTS:
   Q_SCRIPTABLE QDBusVariant Read(const QString& space, const QString& key) {
-    ++reads;
-    const bool known = space == QStringLiteral("org.freedesktop.appearance") &&
-                       key == QStringLiteral("color-scheme");
-    return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme : 99u)));
+    reads.append(space + u' ' + key);
+    if (!values.contains(reads.back()))
+      sendErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"));
+    return QDBusVariant(QVariant::fromValue(QDBusVariant(values.value(reads.back(), 0u))));
   }
 
  Q_SIGNALS:
@@ -80,7 +87,7 @@ class AppearanceTest : public testing::Test {
   const QString key = QStringLiteral("color-scheme");
 };
 
-TEST_F(AppearanceTest, AFixedStyleAsksNobody) {
+TEST_F(AppearanceTest, AFixedStyleStaysAsItIs) {
   FakePortal portal(1);
   ASSERT_TRUE(portal.isOnTheBus);
 
@@ -89,7 +96,7 @@ TEST_F(AppearanceTest, AFixedStyleAsksNobody) {
   wait();
 
   EXPECT_EQ(appearance.style(), UserInterfaceStyle::Light);
-  EXPECT_EQ(portal.reads, 0);
+  EXPECT_FALSE(portal.wasRead(space, key));
 }
 
 TEST_F(AppearanceTest, WithoutAPortalThePaletteDecides) {
@@ -119,7 +126,7 @@ TEST_F(AppearanceTest, ThePortalDecidesOverThePalette) {
   EXPECT_EQ(atFirst, UserInterfaceStyle::Light);
   EXPECT_EQ(appearance.style(), UserInterfaceStyle::Dark);
   EXPECT_EQ(changes.count(), 1);
-  EXPECT_EQ(portal.reads, 1);
+  EXPECT_TRUE(portal.wasRead(space, key));
 }
 
 TEST_F(AppearanceTest, ChangesOfThePortalsSettingAreFollowed) {
@@ -154,6 +161,51 @@ TEST_F(AppearanceTest, APortalWithoutAPreferenceLeavesItToThePalette) {
 
   EXPECT_EQ(dark, UserInterfaceStyle::Dark);
   EXPECT_EQ(appearance.style(), UserInterfaceStyle::Light);
+}
+
+struct Wish {
+  const char* setting;
+  QVariant value;
+};
+
+TEST_F(AppearanceTest, ContrastIsHighWhenEitherPortalSettingSaysSo) {
+  for (const Wish& wish : {Wish{"org.freedesktop.appearance contrast", 1u},
+                           Wish{"org.gnome.desktop.a11y.interface high-contrast", true}}) {
+    FakePortal portal(QMap<QString, QVariant>{{QString::fromLatin1(wish.setting), wish.value}});
+
+    Appearance appearance(UserInterfaceStyle::Light);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.highContrast(); })) << wish.setting;
+    EXPECT_FALSE(appearance.reducedMotion());
+  }
+}
+
+TEST_F(AppearanceTest, MotionIsReducedWhenEitherPortalSettingSaysSo) {
+  for (const Wish& wish : {Wish{"org.freedesktop.appearance reduced-motion", 1u},
+                           Wish{"org.gnome.desktop.interface enable-animations", false}}) {
+    FakePortal portal(QMap<QString, QVariant>{{QString::fromLatin1(wish.setting), wish.value}});
+
+    Appearance appearance(UserInterfaceStyle::Light);
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.reducedMotion(); })) << wish.setting;
+    EXPECT_FALSE(appearance.highContrast());
+  }
+}
+
+TEST_F(AppearanceTest, ContrastAndMotionAreFollowedWhileRunning) {
+  FakePortal portal(QMap<QString, QVariant>{});
+  Appearance appearance(UserInterfaceStyle::Light);
+  wait();
+  const QSignalSpy changes(&appearance, &Appearance::changed);
+
+  portal.change(space, QStringLiteral("contrast"), 1u);
+  portal.change(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"),
+                false);
+  const bool changed =
+      QTest::qWaitFor([&] { return appearance.highContrast() && appearance.reducedMotion(); });
+
+  EXPECT_TRUE(changed);
+  EXPECT_EQ(changes.count(), 2);
 }
 
 }  // namespace

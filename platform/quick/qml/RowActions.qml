@@ -29,7 +29,7 @@ Item {
 
     Behavior on distance {
         enabled: !drag.active
-        NumberAnimation { duration: 200; easing.type: Easing.OutCubic }
+        NumberAnimation { duration: 200 * actions.node.theme.motion; easing.type: Easing.OutCubic }
     }
 
     Item {

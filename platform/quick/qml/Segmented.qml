@@ -22,6 +22,8 @@ Rectangle {
     }
 
     color: node.theme.fill
+    border.color: node.theme.border
+    border.width: node.theme.highContrast ? 1 : 0
     radius: 9
     opacity: node.enabled ? 1 : 0.5
 
@@ -38,9 +40,9 @@ Rectangle {
         radius: 7
         color: control.node.theme.segment
         border.width: 0.5
-        border.color: "#14000000"
+        border.color: control.node.theme.highContrast ? control.node.theme.border : "#14000000"
 
-        Behavior on x { NumberAnimation { duration: 150; easing.type: Easing.OutCubic } }
+        Behavior on x { NumberAnimation { duration: 150 * control.node.theme.motion; easing.type: Easing.OutCubic } }
     }
     Repeater {
         id: segments

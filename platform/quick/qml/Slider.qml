@@ -39,6 +39,8 @@ T.Slider {
         height: control.node.trackColors.length > 0 ? 14 : 4
         radius: 2
         color: control.node.trackColors.length > 0 ? "transparent" : control.node.theme.fill
+        border.color: control.node.theme.border
+        border.width: control.node.theme.highContrast ? 1 : 0
 
         GradientTrack {
             anchors.fill: parent

@@ -26,9 +26,10 @@ T.Switch {
         width: control.width
         height: control.height
         color: control.position > 0.5 ? control.node.theme.switchOn : control.node.theme.fill
+        outline: control.node.theme.border
         opacity: control.enabled ? 1 : 0.5
 
-        Behavior on color { ColorAnimation { duration: 150 } }
+        Behavior on color { ColorAnimation { duration: 150 * control.node.theme.motion } }
 
         Pill {
             x: 2 + control.visualPosition * (parent.width - width - 4)
@@ -40,9 +41,9 @@ T.Switch {
 
             Behavior on x {
                 enabled: !control.pressed
-                NumberAnimation { duration: 150; easing.type: Easing.OutCubic }
+                NumberAnimation { duration: 150 * control.node.theme.motion; easing.type: Easing.OutCubic }
             }
-            Behavior on width { NumberAnimation { duration: 100 } }
+            Behavior on width { NumberAnimation { duration: 100 * control.node.theme.motion } }
         }
     }
 }

@@ -42,7 +42,7 @@ Item {
                 color: table.node.theme.dark ? "#66ffffff" : "#66000000"
             }
 
-            Behavior on opacity { NumberAnimation { duration: 200 } }
+            Behavior on opacity { NumberAnimation { duration: 200 * table.node.theme.motion } }
         }
 
         Item {

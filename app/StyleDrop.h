@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QObject>
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QStringList>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/StyleInstallJob.h"
+#include "quick/QuickWindow.h"
+#include "uikit/UINavigationController.h"
+
+namespace frelta {
+
+/// Installs the style folders and zip files that are dropped on a window, one after the other, and
+/// says in the window how it goes.
+class StyleDrop : public QObject {
+  Q_OBJECT
+
+ public:
+  /// The root is the device root's host path. Neither the window nor the navigation is owned; both
+  /// outlive this.
+  StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root);
+  ~StyleDrop() override;
+
+  /// Installs them as if they had been dropped: host paths.
+  void install(const QStringList& paths);
+  /// Whether nothing is being installed or waiting to be.
+  bool isIdle() const { return !job_ && waiting_.isEmpty(); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private Q_SLOTS:
+  void cancel();
+  void hideNote();
+
+ private:
+  void startNext();
+  void start(const QString& path, bool replace);
+  void jobFinished(const StyleInstallJob::Result& result);
+  void styleInstalled(const InstalledStyle& style, bool replaced);
+  void askToReplace(const QString& path, const std::string& name);
+  void tellError(const QString& text);
+  /// The controller that may present: the one over all others.
+  UIViewController& front();
+  /// Over the bottom of the window; a part of the work below 0 shows no bar, a time of 0 stays.
+  void showNote(const QString& text, double part, int milliseconds);
+
+  QuickWindow& window_;
+  UINavigationController& navigation_;
+  std::string root_;
+  QStringList waiting_;
+  std::unique_ptr<StyleInstallJob> job_;
+  std::unique_ptr<QQmlEngine> engine_;  // once there is a note to show
+  std::unique_ptr<QQuickItem> note_;
+};
+
+}  // namespace frelta

@@ -1,0 +1,235 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1">
+<context>
+    <name>InstallCommand</name>
+    <message>
+        <source>“%1” was installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--replace installs it in the other one&apos;s place.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>LoadedBundle</name>
+    <message>
+        <source>%1 is not a preference bundle.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bundle&apos;s code cannot be loaded: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bundle has no class %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MainTexts</name>
+    <message>
+        <source>Try --help.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no page &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>OptionTexts</name>
+    <message>
+        <source>Settings of the Frelta keyboard themes.
+Shows the pages and writes the settings under a device root.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder that stands for the device&apos;s &quot;/&quot; (default: %1).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>light, dark or system (default: system, which follows the desktop).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open the page behind this row of the first page.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Walk through the pages by taps, save a picture of each step in DIR, and exit: with 0 when every step went well. Uses a root of its own unless --root is given.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Install the style in FILE, a folder or a zip file, and exit: with 0 when it is installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>With --install-style: in the place of a style of the same name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print this help and exit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Print the version and exit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--tour needs a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--root needs a folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--install-style needs a folder or a zip file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--replace goes with --install-style.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>--appearance takes light, dark or system, not &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RefusalTexts</name>
+    <message>
+        <source>It cannot be read: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is neither a folder nor a zip file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” in it is damaged, or changed while it was read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is damaged or incomplete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” in it is encrypted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” in it is compressed in an unusual way.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no style in it: a style holds a folder “Images” or “HTML”, or has a name that ends in “.bundle”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is more than one style in it: %1. Install them one by one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It holds too many files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its files are too large.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Its folders are nested too deep: “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A name in it is too long: “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file in it has a name with characters that are not allowed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A file in it would end up outside of the style: “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” in it is a link, and styles may not hold links.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” in it is not a file but a device or a pipe.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two files in it have one name: “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Two files in it have one name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A style cannot be called “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A style called “%1” is installed already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another style is being installed. Try again when it is done.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The style cannot be written: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It was cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>frelta::StyleDrop</name>
+    <message>
+        <source>Drop to install the style</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Installing “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1” was installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace Style</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A style called “%1” is installed already. Do you want to replace it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

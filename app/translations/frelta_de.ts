@@ -1,0 +1,236 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>InstallCommand</name>
+    <message>
+        <source>“%1” was installed.</source>
+        <translation>„%1“ wurde installiert.</translation>
+    </message>
+    <message>
+        <source>--replace installs it in the other one&apos;s place.</source>
+        <translation>--replace installiert ihn an dessen Stelle.</translation>
+    </message>
+</context>
+<context>
+    <name>LoadedBundle</name>
+    <message>
+        <source>%1 is not a preference bundle.</source>
+        <translation>%1 ist kein Einstellungsbündel.</translation>
+    </message>
+    <message>
+        <source>The bundle&apos;s code cannot be loaded: %1</source>
+        <translation>Der Code des Bündels kann nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>The bundle has no class %1.</source>
+        <translation>Das Bündel hat keine Klasse %1.</translation>
+    </message>
+</context>
+<context>
+    <name>MainTexts</name>
+    <message>
+        <source>Try --help.</source>
+        <translation>--help zeigt, was möglich ist.</translation>
+    </message>
+    <message>
+        <source>There is no page &quot;%1&quot;.</source>
+        <translation>Es gibt keine Seite „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>OptionTexts</name>
+    <message>
+        <source>Settings of the Frelta keyboard themes.
+Shows the pages and writes the settings under a device root.</source>
+        <translation>Einstellungen der Frelta-Tastaturdesigns.
+Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.</translation>
+    </message>
+    <message>
+        <source>Folder that stands for the device&apos;s &quot;/&quot; (default: %1).</source>
+        <translation>Ordner, der für „/“ des Geräts steht (Vorgabe: %1).</translation>
+    </message>
+    <message>
+        <source>light, dark or system (default: system, which follows the desktop).</source>
+        <translation>light (hell), dark (dunkel) oder system (Vorgabe; richtet sich nach der Arbeitsumgebung).</translation>
+    </message>
+    <message>
+        <source>Open the page behind this row of the first page.</source>
+        <translation>Die Seite hinter dieser Zeile der ersten Seite öffnen.</translation>
+    </message>
+    <message>
+        <source>Walk through the pages by taps, save a picture of each step in DIR, and exit: with 0 when every step went well. Uses a root of its own unless --root is given.</source>
+        <translation>Durch die Seiten tippen, von jedem Schritt ein Bild in DIR ablegen und enden: mit 0, wenn jeder Schritt gelang. Verwendet einen eigenen Wurzelordner, wenn --root nicht angegeben ist.</translation>
+    </message>
+    <message>
+        <source>Install the style in FILE, a folder or a zip file, and exit: with 0 when it is installed.</source>
+        <translation>Den Stil in FILE, einem Ordner oder einer Zip-Datei, installieren und enden: mit 0, wenn er installiert ist.</translation>
+    </message>
+    <message>
+        <source>With --install-style: in the place of a style of the same name.</source>
+        <translation>Mit --install-style: an der Stelle eines Stils mit demselben Namen.</translation>
+    </message>
+    <message>
+        <source>Print this help and exit.</source>
+        <translation>Diese Hilfe ausgeben und enden.</translation>
+    </message>
+    <message>
+        <source>Print the version and exit.</source>
+        <translation>Die Version ausgeben und enden.</translation>
+    </message>
+    <message>
+        <source>Unexpected argument &quot;%1&quot;.</source>
+        <translation>Unerwartetes Argument „%1“.</translation>
+    </message>
+    <message>
+        <source>--tour needs a folder.</source>
+        <translation>--tour braucht einen Ordner.</translation>
+    </message>
+    <message>
+        <source>--root needs a folder.</source>
+        <translation>--root braucht einen Ordner.</translation>
+    </message>
+    <message>
+        <source>--install-style needs a folder or a zip file.</source>
+        <translation>--install-style braucht einen Ordner oder eine Zip-Datei.</translation>
+    </message>
+    <message>
+        <source>--replace goes with --install-style.</source>
+        <translation>--replace gehört zu --install-style.</translation>
+    </message>
+    <message>
+        <source>--appearance takes light, dark or system, not &quot;%1&quot;.</source>
+        <translation>--appearance nimmt light, dark oder system, nicht „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>RefusalTexts</name>
+    <message>
+        <source>It cannot be read: %1.</source>
+        <translation>Es lässt sich nicht lesen: %1.</translation>
+    </message>
+    <message>
+        <source>It is neither a folder nor a zip file.</source>
+        <translation>Es ist weder ein Ordner noch eine Zip-Datei.</translation>
+    </message>
+    <message>
+        <source>“%1” in it is damaged, or changed while it was read.</source>
+        <translation>„%1“ darin ist beschädigt oder wurde beim Lesen geändert.</translation>
+    </message>
+    <message>
+        <source>The file is damaged or incomplete.</source>
+        <translation>Die Datei ist beschädigt oder unvollständig.</translation>
+    </message>
+    <message>
+        <source>“%1” in it is encrypted.</source>
+        <translation>„%1“ darin ist verschlüsselt.</translation>
+    </message>
+    <message>
+        <source>“%1” in it is compressed in an unusual way.</source>
+        <translation>„%1“ darin ist auf ungewöhnliche Weise komprimiert.</translation>
+    </message>
+    <message>
+        <source>There is no style in it: a style holds a folder “Images” or “HTML”, or has a name that ends in “.bundle”.</source>
+        <translation>Es ist kein Stil darin: Ein Stil enthält einen Ordner „Images“ oder „HTML“, oder sein Name endet auf „.bundle“.</translation>
+    </message>
+    <message>
+        <source>There is more than one style in it: %1. Install them one by one.</source>
+        <translation>Es ist mehr als ein Stil darin: %1. Installieren Sie sie einzeln.</translation>
+    </message>
+    <message>
+        <source>It holds too many files.</source>
+        <translation>Es enthält zu viele Dateien.</translation>
+    </message>
+    <message>
+        <source>Its files are too large.</source>
+        <translation>Die Dateien darin sind zu groß.</translation>
+    </message>
+    <message>
+        <source>Its folders are nested too deep: “%1”.</source>
+        <translation>Die Ordner darin sind zu tief verschachtelt: „%1“.</translation>
+    </message>
+    <message>
+        <source>A name in it is too long: “%1”.</source>
+        <translation>Ein Name darin ist zu lang: „%1“.</translation>
+    </message>
+    <message>
+        <source>A file in it has a name with characters that are not allowed.</source>
+        <translation>Der Name einer Datei darin enthält unzulässige Zeichen.</translation>
+    </message>
+    <message>
+        <source>A file in it would end up outside of the style: “%1”.</source>
+        <translation>Eine Datei darin käme außerhalb des Stils zu liegen: „%1“.</translation>
+    </message>
+    <message>
+        <source>“%1” in it is a link, and styles may not hold links.</source>
+        <translation>„%1“ darin ist eine Verknüpfung, und Stile dürfen keine Verknüpfungen enthalten.</translation>
+    </message>
+    <message>
+        <source>“%1” in it is not a file but a device or a pipe.</source>
+        <translation>„%1“ darin ist keine Datei, sondern ein Gerät oder eine Pipe.</translation>
+    </message>
+    <message>
+        <source>Two files in it have one name: “%1”.</source>
+        <translation>Zwei Dateien darin haben denselben Namen: „%1“.</translation>
+    </message>
+    <message>
+        <source>Two files in it have one name.</source>
+        <translation>Zwei Dateien darin haben denselben Namen.</translation>
+    </message>
+    <message>
+        <source>A style cannot be called “%1”.</source>
+        <translation>Ein Stil kann nicht „%1“ heißen.</translation>
+    </message>
+    <message>
+        <source>A style called “%1” is installed already.</source>
+        <translation>Ein Stil namens „%1“ ist schon installiert.</translation>
+    </message>
+    <message>
+        <source>Another style is being installed. Try again when it is done.</source>
+        <translation>Gerade wird ein anderer Stil installiert. Versuchen Sie es danach noch einmal.</translation>
+    </message>
+    <message>
+        <source>The style cannot be written: %1.</source>
+        <translation>Der Stil lässt sich nicht schreiben: %1.</translation>
+    </message>
+    <message>
+        <source>It was cancelled.</source>
+        <translation>Es wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>“%1” was not installed.</source>
+        <translation>„%1“ wurde nicht installiert.</translation>
+    </message>
+</context>
+<context>
+    <name>frelta::StyleDrop</name>
+    <message>
+        <source>Drop to install the style</source>
+        <translation>Ablegen, um den Stil zu installieren</translation>
+    </message>
+    <message>
+        <source>Installing “%1”</source>
+        <translation>„%1“ wird installiert</translation>
+    </message>
+    <message>
+        <source>“%1” was installed.</source>
+        <translation>„%1“ wurde installiert.</translation>
+    </message>
+    <message>
+        <source>Replace Style</source>
+        <translation>Stil ersetzen</translation>
+    </message>
+    <message>
+        <source>A style called “%1” is installed already. Do you want to replace it?</source>
+        <translation>Ein Stil namens „%1“ ist schon installiert. Möchten Sie ihn ersetzen?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,69 @@
+#include <gmock/gmock.h>
+#include <QProcess>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/support/TemporaryFolder.h"
+
+namespace frelta {
+namespace {
+
+class InstallCommandTest : public testing::Test {
+ protected:
+  InstallCommandTest() {
+    std::filesystem::create_directories(source / "Images");
+    std::ofstream(source / "Images/Key.png") << "key";
+  }
+
+  struct Outcome {
+    int status;
+    std::string output;
+    std::string errors;
+  };
+  /// In a process without any display.
+  Outcome run(const QStringList& more = {}) const {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(
+        QStringLiteral(FRELTA_SETTINGS_BINARY),
+        QStringList{QStringLiteral("--root"), QString::fromStdString(folder.path() / "root"),
+                    QStringLiteral("--install-style"), QString::fromStdString(source)} +
+            more);
+    EXPECT_TRUE(program.waitForFinished(60'000));
+    return {program.exitCode(), program.readAllStandardOutput().toStdString(),
+            program.readAllStandardError().toStdString()};
+  }
+  std::filesystem::path themes() const { return folder.path() / "root/Library/Frelta/Themes"; }
+
+  const TemporaryFolder folder;
+  const std::filesystem::path source = folder.path() / "Sea.theme";
+};
+
+TEST_F(InstallCommandTest, InstallsBesideTheExamples) {
+  const Outcome outcome = run();
+
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.output, "“Sea.theme” was installed.\n");
+  EXPECT_EQ(outcome.errors, "");
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/Key.png"));
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Example Images.theme/Images/Key.png"));
+}
+
+TEST_F(InstallCommandTest, SaysHowAStyleOfTheNameIsReplaced) {
+  run();
+
+  const Outcome refused = run();
+  const Outcome replaced = run({QStringLiteral("--replace")});
+
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.errors,
+            "frelta-settings: “Sea.theme” was not installed. A style called “Sea.theme” is "
+            "installed already. --replace installs it in the other one's place.\n");
+  EXPECT_EQ(replaced.status, 0);
+}
+
+}  // namespace
+}  // namespace frelta

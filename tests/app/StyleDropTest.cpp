@@ -1,0 +1,171 @@
+#include "app/StyleDrop.h"
+
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/app/OpenWindow.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace frelta {
+namespace {
+
+class StyleDropTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_NO_FATAL_FAILURE(window.open());
+    drop = std::make_unique<StyleDrop>(*window.application->window(),
+                                       *window.application->navigationController(), root());
+    std::filesystem::create_directories(root());
+  }
+
+  std::string root() const { return folder.path() / "root"; }
+  std::filesystem::path themes() const { return folder.path() / "root/Library/Frelta/Themes"; }
+  QString style(const std::string& name, int files = 1) const {
+    const auto images = folder.path() / "sources" / name / "Images";
+    std::filesystem::create_directories(images);
+    for (int i = 0; i < files; ++i) std::ofstream(images / std::to_string(i)) << "key";
+    return QString::fromStdString(folder.path() / "sources" / name);
+  }
+
+  template <typename Event>
+  bool send(const QMimeData& data) {
+    Event event(QPoint(50, 50), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    event.ignore();
+    QCoreApplication::sendEvent(window.application->window(), &event);
+    return event.isAccepted();
+  }
+  bool dropFiles(const QStringList& paths) {
+    QMimeData data;
+    QList<QUrl> urls;
+    for (const QString& path : paths) urls.append(QUrl::fromLocalFile(path));
+    data.setUrls(urls);
+    QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+    event.ignore();
+    QCoreApplication::sendEvent(window.application->window(), &event);
+    return event.isAccepted();
+  }
+  void waitUntilIdle() {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return drop->isIdle(); }, 20'000));
+    window.settle();
+  }
+  QQuickItem* note() {
+    for (QQuickItem* item : window.application->window()->contentItem()->childItems())
+      if (item->objectName() == QStringLiteral("installNote")) return item;
+    return nullptr;
+  }
+  QString noteText() { return note() ? note()->property("text").toString() : QString(); }
+
+  const TemporaryFolder folder;
+  OpenWindow window;
+  std::unique_ptr<StyleDrop> drop;
+};
+
+TEST_F(StyleDropTest, InstallsTheFolderThatIsDropped) {
+  const bool taken = dropFiles({style("Sea.theme")});
+  waitUntilIdle();
+
+  EXPECT_TRUE(taken);
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
+  EXPECT_EQ(noteText(), QStringLiteral("“Sea.theme” was installed."));
+  EXPECT_EQ(window.driver->alert(), nullptr);
+}
+
+TEST_F(StyleDropTest, InstallsSeveralOneAfterTheOther) {
+  dropFiles({style("Sea.theme"), style("Sky.theme"), style("Sun.theme")});
+  waitUntilIdle();
+
+  for (const char* name : {"Sea.theme", "Sky.theme", "Sun.theme"})
+    EXPECT_TRUE(std::filesystem::exists(themes() / name / "Images/0")) << name;
+}
+
+TEST_F(StyleDropTest, TakesNothingThatIsNoFile) {
+  QMimeData text;
+  text.setText(QStringLiteral("hello"));
+  QMimeData page;
+  page.setUrls({QUrl(QStringLiteral("https://frelta.tarno.example/a.zip"))});
+
+  EXPECT_FALSE(send<QDragEnterEvent>(text));
+  EXPECT_FALSE(send<QDragEnterEvent>(page));
+  EXPECT_EQ(note(), nullptr);
+}
+
+TEST_F(StyleDropTest, SaysSoWhileAFileIsHeldOverTheWindow) {
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(style("Sea.theme"))});
+
+  const bool taken = send<QDragEnterEvent>(data);
+  const QString text = noteText();
+  QDragLeaveEvent leave;
+  QCoreApplication::sendEvent(window.application->window(), &leave);
+
+  EXPECT_TRUE(taken);
+  EXPECT_EQ(text, QStringLiteral("Drop to install the style"));
+  EXPECT_EQ(note(), nullptr);
+}
+
+TEST_F(StyleDropTest, SaysExactlyWhyAFileIsRefused) {
+  std::filesystem::create_directories(folder.path() / "sources/photos");
+  dropFiles({QString::fromStdString(folder.path() / "sources/photos")});
+  waitUntilIdle();
+
+  ASSERT_NE(window.driver->alert(), nullptr);
+  EXPECT_EQ(window.driver->alert()->title(), "Error");
+  EXPECT_EQ(window.driver->alert()->message(),
+            "“photos” was not installed. There is no style in it: a style holds a folder “Images” "
+            "or “HTML”, or has a name that ends in “.bundle”.");
+  EXPECT_EQ(note(), nullptr);
+}
+
+TEST_F(StyleDropTest, ReplacesAStyleOnlyWhenToldTo) {
+  std::filesystem::create_directories(themes() / "Sea.theme/HTML");
+  const QString source = style("Sea.theme");
+
+  dropFiles({source});
+  waitUntilIdle();
+  ASSERT_NE(window.driver->alert(), nullptr);
+  window.driver->tapAlertButton("Cancel");
+  window.settle();
+  const bool kept = std::filesystem::exists(themes() / "Sea.theme/HTML");
+  dropFiles({source});
+  waitUntilIdle();
+  window.driver->tapAlertButton("Replace");
+  waitUntilIdle();
+
+  EXPECT_TRUE(kept);
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme/HTML"));
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
+  EXPECT_THAT(window.platform.notifications.posted,
+              testing::ElementsAre("com.tarno.frelta.refresh"));
+}
+
+TEST_F(StyleDropTest, ShowsABarThatCanBeCancelled) {
+  dropFiles({style("Large.theme", 4000)});
+  ASSERT_NE(note(), nullptr);
+  const QString text = noteText();
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  ASSERT_NE(cancel, nullptr);
+  const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
+
+  QTest::mouseClick(window.application->window(), Qt::LeftButton, {}, middle.toPoint());
+  waitUntilIdle();
+
+  EXPECT_EQ(text, QStringLiteral("Installing “Large.theme”"));
+  EXPECT_TRUE(std::filesystem::is_empty(themes()));
+  EXPECT_FALSE(std::filesystem::exists(themes().parent_path() / ".installing-style"));
+  EXPECT_EQ(note(), nullptr);
+  EXPECT_EQ(window.driver->alert(), nullptr);
+}
+
+TEST_F(StyleDropTest, LeavesNothingWhenTheApplicationEndsMeanwhile) {
+  dropFiles({style("Large.theme", 4000)});
+
+  drop.reset();
+
+  EXPECT_FALSE(std::filesystem::exists(themes().parent_path() / ".installing-style"));
+}
+
+}  // namespace
+}  // namespace frelta
