@@ -25,6 +25,9 @@ class InstallCommandTest : public testing::Test {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    // Others listen on the session's bus for broadcasts of their own.
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                       QStringLiteral("unix:path=/nonexistent"));
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(
