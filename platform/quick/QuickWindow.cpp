@@ -57,6 +57,7 @@ void QuickWindow::accessibilityActiveChanged(bool active) {
 
 void QuickWindow::useAppearance() {
   mirror_->setStyle(appearance_.style(), appearance_.highContrast(), appearance_.reducedMotion());
+  UIView::setAnimationsEnabled(!appearance_.reducedMotion());
   setColor(mirror_->theme().groupedBackground());
 }
 
