@@ -15,6 +15,7 @@ constexpr UIColor::Components rgb(int red, int green, int blue) {
 /// The platform's values for increased contrast; what is see-through otherwise is made solid.
 UIColor withHighContrast(const UIColor& color) {
   static const std::pair<UIColor, UIColor> kColors[] = {
+      {UIColor::grayColor(), UIColor::colorWithLightAndDark(rgb(84, 84, 91), rgb(174, 174, 178))},
       {UIColor::secondaryLabelColor(),
        UIColor::colorWithLightAndDark(rgb(60, 60, 67), rgb(235, 235, 245))},
       {UIColor::tertiaryLabelColor(),

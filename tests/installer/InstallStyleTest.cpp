@@ -147,6 +147,22 @@ TEST_F(InstallStyle, KeepsTheStyleThatHasTheName) {
   EXPECT_THAT(refused, refusedFor(Reason::AlreadyInstalled, "Sea.theme"));
 }
 
+TEST_F(InstallStyle, KeepsAStyleThatTakesTheNameMeanwhile) {
+  const std::string source = folder("Sea.theme");
+  installation.progress = [&](double) {
+    write(themes() / "Sea.theme/HTML/index.html", "faster");
+    return true;
+  };
+
+  const auto result = install(source);
+
+  ASSERT_TRUE(std::holds_alternative<StyleRefusal>(result));
+  EXPECT_THAT(std::get<StyleRefusal>(result), refusedFor(Reason::AlreadyInstalled, "Sea.theme"));
+  EXPECT_EQ(read(themes() / "Sea.theme/HTML/index.html"), "faster");
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme/Images"));
+  EXPECT_FALSE(std::filesystem::exists(leftovers()));
+}
+
 TEST_F(InstallStyle, ReplacesTheStyleThatHasTheNameWhenTold) {
   write(themes() / "Sea.theme/HTML/index.html", "old");
   installation.replace = true;
