@@ -10,6 +10,7 @@
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "quick/EventGuard.h"
+#include "quick/Fonts.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kNoteMilliseconds = 4000;
 constexpr double kNoBar = -1;
+constexpr double kNoteFontSize = 15;
 
 QStringList droppedFiles(const QDropEvent& event) {
   QStringList paths;
@@ -149,6 +151,7 @@ void StyleDrop::showNote(const QString& text, double part, int milliseconds) {
       {QStringLiteral("part"), part},
       {QStringLiteral("time"), milliseconds},
       {QStringLiteral("cancelTitle"), tr("Cancel")},
+      {QStringLiteral("textFont"), qtFont(UIFont::systemFontOfSize(kNoteFontSize))},
       {QStringLiteral("theme"), QVariant::fromValue<QObject*>(&window_.mirror().theme())},
   });
   note_.reset(qobject_cast<QQuickItem*>(made));

@@ -11,6 +11,7 @@ Item {
     /// Milliseconds until it goes by itself; 0 for never.
     required property int time
     required property string cancelTitle
+    required property font textFont
     required property var theme
     readonly property bool working: part >= 0
 
@@ -64,8 +65,7 @@ Item {
             wrapMode: Text.Wrap
             maximumLineCount: 3
             elide: Text.ElideRight
-            font.family: Qt.application.font.family
-            font.pixelSize: 15
+            font: note.textFont
             color: note.theme.label
             horizontalAlignment: Text.AlignLeft
             verticalAlignment: Text.AlignVCenter
@@ -102,7 +102,7 @@ Item {
                 id: title
 
                 text: cancel.text
-                font.pixelSize: 15
+                font: note.textFont
                 color: note.theme.tint
                 opacity: cancel.pressed ? 0.4 : 1
                 horizontalAlignment: Text.AlignHCenter
