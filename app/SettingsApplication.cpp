@@ -1,5 +1,7 @@
 #include "app/SettingsApplication.h"
 
+#include <algorithm>
+
 #include "app/BundledFiles.h"
 #include "app/DeviceFolders.h"
 #include "app/LoadedBundle.h"
@@ -53,10 +55,16 @@ bool SettingsApplication::open(const QString& bundleFolder, QString& error) {
 bool SettingsApplication::openPage(const QString& rowIdentifier) {
   auto* page = dynamic_cast<PSListController*>(navigation_->topViewController());
   if (!page) return false;
-  page->specifiers();
+  // Before the window is first shown nothing is laid out, and a row acts through its cell, which
+  // only rows on the screen have.
+  const auto width = std::min<double>(window_->width(), QuickWindow::kMaximumColumnWidth);
+  window_->uiWindow().setFrame({0, 0, width, static_cast<double>(window_->height())});
+  window_->mirror().flush();
   const auto row = page->specifierForID(rowIdentifier.toStdString());
   const auto path = row ? page->indexPathForSpecifier(*row) : std::nullopt;
   if (!path) return false;
+  page->table().scrollToRowAtIndexPath(*path);
+  window_->mirror().flush();
   const std::size_t before = navigation_->viewControllers().size();
   guardEvent([&] { page->table().userDidSelectRowAtIndexPath(*path); });
   return navigation_->viewControllers().size() > before;
