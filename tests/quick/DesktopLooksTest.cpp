@@ -36,6 +36,8 @@ TEST_F(DesktopLooks, ReducedMotionGivesAnimationsNoLength) {
   FakePortal portal(QMap<QString, QVariant>{});
   Appearance appearance(UserInterfaceStyle::Light);
   QuickWindow window(std::make_shared<PlainScreen>(), appearance);
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return portal.wasRead(space, QStringLiteral("reduced-motion")); }));
   const bool moving = UIView::areAnimationsEnabled() && window.mirror().theme().motion() == 1;
 
   portal.change(space, QStringLiteral("reduced-motion"), 1u);
