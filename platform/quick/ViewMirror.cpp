@@ -35,7 +35,7 @@ void askForLayout(UIView& view) {
 
 ViewMirror::ViewMirror(UIView& root, QQuickItem& rootItem) : root_(root), rootItem_(rootItem) {
   engine_.addImportPath(QStringLiteral("qrc:/"));
-  // The controls' module takes a while to load, which the views' first layout need not wait for.
+  // The rows take a while to load, which the views' first layout need not wait for.
   new QQmlComponent(&engine_, urlOf(QStringLiteral("TableViewCell")), QQmlComponent::Asynchronous,
                     &engine_);
   nodeFor(root);

@@ -1,46 +1,59 @@
 import QtQuick
-import QtQuick.Templates as T
 import Frelta.Quick
 
-T.AbstractButton {
+FocusItem {
     id: button
 
     required property ButtonNode node
+    readonly property string text: node.title
     readonly property bool filled: node.backgroundColor.a > 0
+    readonly property bool pressed: pointer.pressed && pointer.containsMouse
+    readonly property double fade: enabled ? pressed ? filled ? 0.6 : 0.4 : 1 : 0.3
+
+    function pressOnce(event) {
+        if (!event.isAutoRepeat)
+            node.press();
+    }
 
     enabled: node.enabled
-    text: node.title
-    focusPolicy: Qt.StrongFocus
-    onClicked: node.press()
-    Keys.onReturnPressed: node.press()
-    Keys.onEnterPressed: node.press()
+    activeFocusOnTab: true
+    Keys.onSpacePressed: event => pressOnce(event)
+    Keys.onReturnPressed: event => pressOnce(event)
+    Keys.onEnterPressed: event => pressOnce(event)
 
     Accessible.ignored: node.accessibleIgnored
     Accessible.role: Accessible.Button
     Accessible.name: node.accessibleName
+    Accessible.focusable: true
     Accessible.onPressAction: node.press()
 
-    background: Item {
-        Loader {
-            anchors.fill: parent
-            active: button.filled
-            sourceComponent: Pill {
-                color: button.node.backgroundColor
-                radius: button.node.cornerRadius
-                opacity: button.enabled ? button.pressed ? 0.6 : 1 : 0.3
-            }
-        }
-        FocusRing {
-            anchors.fill: parent
-            // Beside a fill of its own colour the ring would not show.
-            anchors.margins: button.filled ? -4 : 0
-            shown: button.visualFocus
-            theme: button.node.theme
-            radius: button.filled ? button.node.cornerRadius + 4 : 8
+    MouseArea {
+        id: pointer
+
+        anchors.fill: parent
+        onPressed: button.forceActiveFocus(Qt.MouseFocusReason)
+        onClicked: button.node.press()
+    }
+    Loader {
+        anchors.fill: parent
+        active: button.filled
+        sourceComponent: Pill {
+            color: button.node.backgroundColor
+            radius: button.node.cornerRadius
+            opacity: button.fade
         }
     }
-    contentItem: Item {
-        opacity: button.enabled ? button.pressed ? button.filled ? 0.6 : 0.4 : 1 : 0.3
+    FocusRing {
+        anchors.fill: parent
+        // Beside a fill of its own colour the ring would not show.
+        anchors.margins: button.filled ? -4 : 0
+        shown: button.visualFocus
+        theme: button.node.theme
+        radius: button.filled ? button.node.cornerRadius + 4 : 8
+    }
+    Item {
+        anchors.fill: parent
+        opacity: button.fade
 
         Glyph {
             id: chevron
@@ -66,7 +79,7 @@ T.AbstractButton {
             anchors.fill: parent
             anchors.leftMargin: button.node.back && !button.node.mirrored ? 16 : 0
             anchors.rightMargin: button.node.back && button.node.mirrored ? 16 : 0
-            text: button.node.title
+            text: button.text
             textFormat: Text.PlainText
             font: button.node.font
             color: button.node.color

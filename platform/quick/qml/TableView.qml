@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Frelta.Quick
 
 Item {
@@ -27,24 +26,6 @@ Item {
         flickableDirection: Flickable.VerticalFlick
         onContentYChanged: table.node.scrolledTo(contentY)
 
-        T.ScrollBar.vertical: T.ScrollBar {
-            id: bar
-
-            x: flickable.width - width
-            width: 10
-            height: flickable.height
-            padding: 3
-            opacity: active ? 1 : 0
-            visible: size < 1
-
-            contentItem: Rectangle {
-                radius: 2
-                color: table.node.theme.dark ? "#66ffffff" : "#66000000"
-            }
-
-            Behavior on opacity { NumberAnimation { duration: 200 * table.node.theme.motion } }
-        }
-
         Item {
             id: rows
 
@@ -52,6 +33,13 @@ Item {
             width: table.width
             height: table.node.contentHeight
         }
+    }
+    ScrollBar {
+        x: flickable.x + flickable.width - width
+        width: 10
+        height: flickable.height
+        flickable: flickable
+        theme: table.node.theme
     }
     Connections {
         target: table.node

@@ -139,9 +139,7 @@ FocusItem {
 
         anchors.fill: parent
         active: cell.node.editable
-        sourceComponent: RowActions {
-            node: cell.node
-            row: cell
-        }
+        // Few rows have actions; the others need not wait until what shows them is loaded.
+        Component.onCompleted: setSource("RowActions.qml", { node: cell.node, row: cell })
     }
 }
