@@ -120,8 +120,9 @@ TEST_P(DeviceRootTest, FoldersSwappedForLinksMeanwhileDoNotLetAWriteOut) {
     while (!isOver) ::renameat2(AT_FDCWD, folder.c_str(), AT_FDCWD, link.c_str(), RENAME_EXCHANGE);
   });
 
+  // A write may find the link each time for a while.
   int written = 0;
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 300 || written == 0; ++i) {
     written += files.writeAtomically("/a/b/file", "new");
     written += files.writeAtomically("/a/b/../../a/b/file", "new");
     files.removeItemAtPath("/a/b/file");
@@ -129,7 +130,6 @@ TEST_P(DeviceRootTest, FoldersSwappedForLinksMeanwhileDoNotLetAWriteOut) {
   isOver = true;
   swapper.join();
 
-  EXPECT_GT(written, 0);
   EXPECT_THAT(DeviceFiles::names(device.outside()), IsEmpty());
 }
 

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <chrono>
 #include <memory>
 
 #include "fake/FailingFiles.h"
@@ -156,11 +155,8 @@ TEST_P(FileManagerContract, ReadsWholeFilesUpToTheMaximum) {
 TEST_P(FileManagerContract, NeverWaitsForAPipe) {
   ASSERT_EQ(::mkfifo(device.host("/pipe").c_str(), 0644), 0);
 
-  const auto start = std::chrono::steady_clock::now();
-
   EXPECT_EQ(files.contentsAtPath("/pipe", 10), std::nullopt);
   EXPECT_FALSE(files.copyItemAtPath("/pipe", "/copy"));
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
   EXPECT_FALSE(files.fileExistsAtPath("/copy"));
 }
 

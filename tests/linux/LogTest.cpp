@@ -4,8 +4,6 @@
 #include <sys/socket.h>
 #include <sys/un.h>
 
-#include <chrono>
-
 #include "fake/FakeServices.h"
 #include "linux/LogLine.h"
 #include "linux/SyslogLog.h"
@@ -72,13 +70,11 @@ TEST(LogLine, CutsLongLinesBetweenCharacters) {
   EXPECT_EQ(harmlessLine("🎹🎹", 4), "…");
 }
 
-TEST(LogLine, CutsAHugeLineAtOnce) {
+TEST(LogLine, CutsAHugeLine) {
   const std::string huge(100 << 20, 'h');
 
-  const auto start = std::chrono::steady_clock::now();
   const std::string line = harmlessLine(huge, 8192);
 
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
   EXPECT_EQ(line, std::string(8189, 'h') + "…");
 }
 
