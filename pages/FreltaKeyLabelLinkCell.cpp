@@ -24,8 +24,9 @@ FreltaKeyLabelLinkCell::FreltaKeyLabelLinkCell(UITableViewCellStyle style,
                                                std::shared_ptr<PSSpecifier> specifier)
     : PSTableCell(style, std::move(reuseIdentifier), std::move(specifier)) {
   const std::string* key = this->specifier()->stringForKey("key");
+  const PropertyListValue* path = key ? FreltaPreferencesManager::getPrefForKey(*key) : nullptr;
   detailTextLabel()->setText(
-      nameOfFileAt(key ? FreltaPreferencesManager::getPrefForKey(*key) : nullptr));
+      nameOfFileAt(path ? path : this->specifier()->propertyForKey("default")));
 }
 
 }  // namespace frelta

@@ -5,7 +5,8 @@
 namespace frelta {
 
 /// A row whose setting is the path of a file: shows the file's name without folder and extension,
-/// or "None" when nothing is set or the file is not there. Reads the setting once, when it is made.
+/// or "None" when nothing is set, nor the row has a "default", or the file is not there. Reads the
+/// setting once, when it is made.
 class FreltaKeyLabelLinkCell : public PSTableCell {
  public:
   FreltaKeyLabelLinkCell(UITableViewCellStyle style, std::string reuseIdentifier,

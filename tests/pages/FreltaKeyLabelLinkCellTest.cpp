@@ -45,6 +45,24 @@ TEST_F(FreltaKeyLabelLinkCellTest, NamesWhatADefaultPathLeadsTo) {
   EXPECT_EQ(detailFor({{"key", "EnabledThemePath"}}), "Example Images");
 }
 
+TEST_F(FreltaKeyLabelLinkCellTest, OnTheAdvancedPageNamesTheWidgetAsItNamesTheThemes) {
+  const std::string themes = "/Library/Frelta/Themes/";
+  for (const char* name : {"Example Widget.bundle", "Clock.bundle"})
+    platform.put(themes + name, "x");
+  const auto widget = [&](const Dictionary& settings) {
+    putSettings(settings);
+    const auto page = std::make_shared<freltaAdvancedprefsRootListController>();
+    show(page);
+    page->table().setContentOffset({0, 1e6});
+    layout();
+    return cell(*page, "EnabledWidgetPath")->detailTextLabel()->text();
+  };
+
+  EXPECT_EQ(widget({}), "Example Widget");
+  EXPECT_EQ(widget({{"EnabledWidgetPath", themes + "Clock.bundle"}}), "Clock");
+  EXPECT_EQ(widget({{"EnabledWidgetPath", ""}}), "None");
+}
+
 TEST_F(FreltaKeyLabelLinkCellTest, IsMadeAnewWhenThePageComesBackSoThatItShowsTheNewChoice) {
   describeRoot({row("PSLinkCell", "FreltaPresetsDarkMode",
                     {{"cellClass", "FreltaKeyLabelLinkCell"}, {"label", "In dark mode"}})});
