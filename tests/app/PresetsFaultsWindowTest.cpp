@@ -1,9 +1,8 @@
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <csignal>
 #include <fstream>
 
 #include "tests/app/PresetsWindow.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/MountNamespace.h"
 
 namespace frelta {
@@ -12,23 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
-
-/// While it lives no file can grow, as on a disk without room.
-class FullDisk {
- public:
-  FullDisk() {
-    std::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit none{0, before_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &none);
-  }
-  ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_;
-};
 
 /// No right keeps the superuser from writing, only a mount does; the device root looks mounts up
 /// where it was opened, so this comes before it.

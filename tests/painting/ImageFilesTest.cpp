@@ -17,22 +17,11 @@
 #include "foundation/Base64.h"
 #include "graphics/GraphicsServices.h"
 #include "painting/QtImageServices.h"
+#include "tests/support/PictureFiles.h"
 #include "tests/support/Pictures.h"
 
 namespace frelta {
 namespace {
-
-/// 2 × 2, all cyan, in four inks.
-constexpr const char* kCyanJPEG =
-    "/9j/7gAOQWRvYmUAZAAAAAAC/9sAQwADAgICAgIDAgICAwMDAwQGBAQEBAQIBgYFBgkICgoJCAkJCgwPDAoLDgsJ"
-    "CQ0RDQ4PEBAREAoMEhMSEBMPEBAQ/9sAQwEDAwMEAwQIBAQIEAsJCxAQEBAQEBAQEBAQEBAQEBAQEBAQEBAQEBAQ"
-    "EBAQEBAQEBAQEBAQEBAQEBAQEBAQEBAQ/8AAFAgAAgACBAERAAIRAQMRAQQRAP/EABUAAQEAAAAAAAAAAAAAAAAA"
-    "AAgJ/8QAFBABAAAAAAAAAAAAAAAAAAAAAP/EABUBAQEAAAAAAAAAAAAAAAAAAAcJ/8QAFBEBAAAAAAAAAAAAAAAA"
-    "AAAAAP/aAA4EAQACEQMRBAAAPwA6AxVNVN//2Q==";
-/// 2 × 2, two frames: red, then blue.
-constexpr const char* kRedThenBlueGIF =
-    "R0lGODlhAgACAPAAAP8AAAAAACH5BAAKAAAAIf8LTkVUU0NBUEUyLjADAQAAACwAAAAAAgACAAACAoRRACH5BAAK"
-    "AAAALAAAAAACAAIAgAAA/wAAAAIChFEAOw==";
 
 std::string fileOf(const QImage& image, const char* format) {
   QByteArray bytes;
@@ -44,36 +33,6 @@ std::string fileOf(const QImage& image, const char* format) {
 
 std::string pngOf(const QImage& image) {
   return fileOf(image, "png");
-}
-
-std::string bigEndian(std::uint32_t number) {
-  std::string bytes;
-  for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(number >> shift);
-  return bytes;
-}
-
-std::uint32_t crcOf(std::string_view bytes) {
-  std::uint32_t crc = 0xFFFFFFFF;
-  for (unsigned char byte : bytes) {
-    crc ^= byte;
-    for (int bit = 0; bit < 8; ++bit) crc = crc & 1 ? (crc >> 1) ^ 0xEDB88320 : crc >> 1;
-  }
-  return ~crc;
-}
-
-std::string chunk(const std::string& type, const std::string& contents) {
-  return bigEndian(static_cast<std::uint32_t>(contents.size())) + type + contents +
-         bigEndian(crcOf(type + contents));
-}
-
-/// The PNG with another size in its header; its pixels stay those of the small picture.
-std::string withSize(std::string png, std::uint32_t width, std::uint32_t height) {
-  constexpr std::size_t kHeader = 8;
-  constexpr std::size_t kHeaderChunk = 25;
-  const std::string rest = png.substr(kHeader + kHeaderChunk);
-  const std::string depthAndSo = png.substr(kHeader + 16, 5);
-  return png.substr(0, kHeader) + chunk("IHDR", bigEndian(width) + bigEndian(height) + depthAndSo) +
-         rest;
 }
 
 /// Most memory that the process has had so far, in bytes.
