@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "foundation/Platform.h"
+#include "pages/PicturePreview.h"
 #include "pages/freltaprefsRootListController.h"
 #include "settings/RefreshNotification.h"
 #include "settings/SettingsFile.h"
@@ -52,6 +53,7 @@ void FreltaImageCell::didFinishPickingMediaWithInfo(UIImagePickerController& pic
     files.createDirectoryAtPath(kUserImagesFolder);
     if (const auto png = UIImagePNGRepresentation(*image->second)) {
       files.writeAtomically(kBackgroundImagePath, *png);
+      keepPreview(*png, *image->second);
     }
     writeSetting("backgroundImage", std::string(kBackgroundImagePath));
   }
@@ -69,9 +71,7 @@ void FreltaImageCell::loadImageFromDict() {
   const Dictionary settings = settingsOnDisk();
   const PropertyListValue* path = valueForKey(settings, "backgroundImage");
   if (!path || !path->string()) return;
-  if (auto image = UIImage::imageWithContentsOfFile(*path->string())) {
-    setCurrentImage(std::move(image));
-  }
+  if (auto preview = previewOfPictureAtPath(*path->string())) setCurrentImage(std::move(preview));
 }
 
 }  // namespace frelta

@@ -18,7 +18,16 @@ std::shared_ptr<const UIImage> UIImage::imageWithContentsOfFile(std::string_view
   return bytes ? GraphicsServices::current().images->imageWithData(*bytes) : nullptr;
 }
 
+std::shared_ptr<const UIImage> UIImage::imageWithPNGRepresentation() const {
+  auto image = std::make_shared<UIImage>(*this);
+  if (auto png = UIImagePNGRepresentation(*this)) {
+    image->png_ = std::make_shared<const std::string>(*std::move(png));
+  }
+  return image;
+}
+
 std::optional<std::string> UIImagePNGRepresentation(const UIImage& image) {
+  if (image.png_) return *image.png_;
   return GraphicsServices::current().images->pngRepresentation(image);
 }
 

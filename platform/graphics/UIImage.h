@@ -25,6 +25,10 @@ class UIImage {
   /// too large, or no picture.
   static std::shared_ptr<const UIImage> imageWithContentsOfFile(std::string_view path);
 
+  /// The same picture together with its PNG file, which takes seconds to make of a photo and may be
+  /// made on any thread.
+  std::shared_ptr<const UIImage> imageWithPNGRepresentation() const;
+
   /// Size in points.
   CGSize size() const { return {width_ / scale_, height_ / scale_}; }
   double scale() const { return scale_; }
@@ -40,9 +44,13 @@ class UIImage {
   int height_ = 0;
   double scale_ = 1;
   std::shared_ptr<const std::uint8_t> pixels_;
+  std::shared_ptr<const std::string> png_;
+
+  friend std::optional<std::string> UIImagePNGRepresentation(const UIImage& image);
 };
 
-/// The picture as a PNG file's bytes. Nothing for an image without content.
+/// The picture as a PNG file's bytes, those that it brings along if it does. Nothing for an image
+/// without content.
 std::optional<std::string> UIImagePNGRepresentation(const UIImage& image);
 
 }  // namespace frelta

@@ -13,6 +13,9 @@ namespace frelta {
 
 namespace {
 
+/// A fifth of the time that the smallest file would take, for a file a fifth larger.
+constexpr int kFastPNG = 80;
+
 /// Told by the first bytes. Qt would ask every plug-in that is installed, whatever it reads.
 const char* formatOf(std::string_view bytes) {
   if (bytes.starts_with("\x89PNG\r\n\x1a\n")) return "png";
@@ -54,6 +57,7 @@ std::optional<std::string> QtImageServices::pngRepresentation(const UIImage& ima
   QBuffer buffer(&data);
   buffer.open(QIODevice::WriteOnly);
   QImageWriter writer(&buffer, "png");
+  writer.setQuality(kFastPNG);
   if (!writer.write(pixelsOf(image))) return std::nullopt;
   return data.toStdString();
 }

@@ -28,9 +28,10 @@ PicturePickerService::Result readPicture(const QString& path) {
         QObject::tr("The file is larger than %1 MB.").arg(ImageServices::kMaximumBytes >> 20));
   }
   const QByteArray bytes = file.readAll();
-  auto picture = GraphicsServices::current().images->imageWithData(
+  const auto picture = GraphicsServices::current().images->imageWithData(
       std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-  if (picture) return {std::move(picture), {}};
+  // It is to be stored as one, by the main thread.
+  if (picture) return {picture->imageWithPNGRepresentation(), {}};
   return failure(
       QObject::tr(
           "It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.")

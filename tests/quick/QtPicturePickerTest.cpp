@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QImage>
 #include <QImageWriter>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QUrl>
@@ -26,10 +27,12 @@ class WatchedImages : public ImageServices {
   }
   std::shared_ptr<const UIImage> imageWithData(std::string_view bytes) const override {
     thread = QThread::currentThread();
+    if (gate) gate->tryAcquire(1, 5000);
     return bytes == "a picture" ? std::make_shared<UIImage>() : nullptr;
   }
   std::optional<std::string> pngRepresentation(const UIImage&) const override { return {}; }
   mutable QThread* thread = nullptr;
+  QSemaphore* gate = nullptr;  // to wait at, if any
 };
 
 class QtPicturePickerTest : public WindowTest {
@@ -114,10 +117,13 @@ TEST_F(QtPicturePickerTest, TellsThatNothingWasChosen) {
 
 TEST_F(QtPicturePickerTest, SaysNothingMoreAfterTheQuestionWasTakenBack) {
   put("a.png", "a picture");
+  QSemaphore gate;
+  images.gate = &gate;
   ASSERT_NO_FATAL_FAILURE(ask());
 
   ASSERT_NO_FATAL_FAILURE(chooseFirst());
   picker.cancel();
+  gate.release();
   ASSERT_TRUE(QTest::qWaitFor([this] { return images.thread != nullptr; }));
   for (int i = 0; i < 20; ++i) settle();
 

@@ -1,0 +1,81 @@
+#include "pages/PicturePreview.h"
+
+#include "tests/pages/PagesTest.h"
+#include "tests/support/Pictures.h"
+#include "uikit/UIWindow.h"
+
+namespace frelta {
+namespace {
+
+class CountedImages : public QtImageServices {
+ public:
+  std::shared_ptr<const UIImage> imageWithData(std::string_view bytes) const override {
+    ++decodings;
+    return QtImageServices::imageWithData(bytes);
+  }
+  mutable int decodings = 0;
+};
+
+class PicturePreviewTest : public PagesTest {
+ protected:
+  PicturePreviewTest() { GraphicsServices::install({&images}); }
+
+  std::string put(const UIImage& picture) {
+    const std::string png = UIImagePNGRepresentation(picture).value();
+    platform.put("/a.png", png);
+    return png;
+  }
+
+  CountedImages images;
+};
+
+TEST_F(PicturePreviewTest, IsNoLargerThanARowShowsAndKeepsTheShape) {
+  put(*picture(1600, 800, kRed));
+
+  const auto preview = previewOfPictureAtPath("/a.png");
+
+  ASSERT_TRUE(preview);
+  EXPECT_EQ(preview->size(), (CGSize{320, 160}));
+  EXPECT_EQ(pixelOf(*preview, 160, 80), kRed);
+}
+
+TEST_F(PicturePreviewTest, OfASmallPictureIsItsSizeAndOfALineIsNotNothing) {
+  put(*picture(6, 4, kBlue));
+  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{6, 4}));
+
+  put(*picture(4000, 1, kBlue));
+  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{320, 1}));
+}
+
+TEST_F(PicturePreviewTest, IsDecodedAgainOnlyForOtherBytes) {
+  put(*picture(2, 2, kRed));
+
+  const auto first = previewOfPictureAtPath("/a.png");
+  const auto again = previewOfPictureAtPath("/a.png");
+  const int decodingsOfTheSame = images.decodings;
+  put(*picture(2, 2, kBlue));
+  const auto other = previewOfPictureAtPath("/a.png");
+
+  EXPECT_EQ(decodingsOfTheSame, 1);
+  EXPECT_EQ(again, first);
+  EXPECT_EQ(images.decodings, 2);
+  EXPECT_EQ(pixelOf(*other, 0, 0), kBlue);
+}
+
+TEST_F(PicturePreviewTest, OfAPickedPictureNeedsNoDecoding) {
+  putSettings({{"BackgroundMode", 2}});
+  const auto page = showRoot();
+  UIWindow window;
+  window.setRootViewController(navigation);
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(900, 600, kRed), {}});
+  page->reloadSpecifiers();
+  layout();
+
+  EXPECT_EQ(images.decodings, 0);
+  EXPECT_EQ(cell(*page, "FreltaImageCell")->imageView()->image()->size(), (CGSize{320, 213}));
+}
+
+}  // namespace
+}  // namespace frelta

@@ -1,0 +1,121 @@
+#include "quick/PictureReading.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include "foundation/Base64.h"
+#include "graphics/GraphicsServices.h"
+#include "painting/QtImageServices.h"
+#include "tests/support/PictureFiles.h"
+#include "tests/support/Pictures.h"
+
+namespace frelta {
+namespace {
+
+using testing::Gt;
+using testing::HasSubstr;
+using testing::Lt;
+
+class CountedImages : public QtImageServices {
+ public:
+  std::optional<std::string> pngRepresentation(const UIImage& image) const override {
+    ++encodings;
+    return QtImageServices::pngRepresentation(image);
+  }
+  mutable int encodings = 0;
+};
+
+/// Files of the host, read the way the picker reads them.
+class PictureReading : public testing::Test {
+ protected:
+  PictureReading() { GraphicsServices::install({&images}); }
+  ~PictureReading() override { GraphicsServices::install({}); }
+
+  PicturePickerService::Result resultFor(const std::string& bytes) {
+    const QString path = folder.filePath(QStringLiteral("a picture"));
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray::fromStdString(bytes));
+    file.close();
+    return readPicture(path);
+  }
+  static std::string fileOf(const QImage& image, const char* format) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 100);
+    return bytes.toStdString();
+  }
+  /// Red on the left, blue on the right.
+  static QImage redAndBlue() {
+    QImage image(64, 32, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (int y = 0; y < 32; ++y)
+      for (int x = 32; x < 64; ++x) image.setPixelColor(x, y, Qt::blue);
+    return image;
+  }
+
+  CountedImages images;
+  QTemporaryDir folder;
+};
+
+TEST_F(PictureReading, TurnsAPhotoTheWayItsOrientationTagSays) {
+  const std::string jpeg = fileOf(redAndBlue(), "jpeg");
+
+  const auto upright = resultFor(withOrientation(jpeg, 1)).picture;
+  const auto turned = resultFor(withOrientation(jpeg, 6)).picture;
+
+  ASSERT_TRUE(upright);
+  EXPECT_EQ(upright->size(), (CGSize{64, 32}));
+  ASSERT_TRUE(turned);
+  EXPECT_EQ(turned->size(), (CGSize{32, 64}));
+  EXPECT_THAT(pixelOf(*turned, 16, 8), testing::ElementsAre(Gt(240), Lt(15), Lt(15), 255));
+  EXPECT_THAT(pixelOf(*turned, 16, 56), testing::ElementsAre(Lt(15), Lt(15), Gt(240), 255));
+}
+
+TEST_F(PictureReading, TakesFourInksAndTheFirstFrameOfAnAnimation) {
+  const auto inks = resultFor(dataFromBase64String(kCyanJPEG).value()).picture;
+  const auto frames = resultFor(dataFromBase64String(kRedThenBlueGIF).value()).picture;
+
+  ASSERT_TRUE(inks);
+  EXPECT_THAT(pixelOf(*inks, 0, 0), testing::ElementsAre(Lt(40), Gt(150), Gt(150), 255));
+  ASSERT_TRUE(frames);
+  EXPECT_EQ(pixelOf(*frames, 1, 1), kRed);
+}
+
+TEST_F(PictureReading, SaysWhyOfAFileThatIsNoPictureOrTooLarge) {
+  const std::string whole = fileOf(redAndBlue(), "png");
+  QImage mono(16, 16, QImage::Format_Mono);
+  mono.fill(0);
+
+  for (const std::string& bytes :
+       {std::string(), std::string("no picture"), whole.substr(0, whole.size() / 2),
+        withSize(fileOf(mono, "png"), 60'000, 60'000)}) {
+    const auto result = resultFor(bytes);
+
+    EXPECT_FALSE(result.picture);
+    EXPECT_THAT(result.failure, HasSubstr("has more than 33 million pixels"));
+  }
+  EXPECT_EQ(images.encodings, 0);
+}
+
+TEST_F(PictureReading, LeavesNothingToEncodeToTheMainThread) {
+  const auto result = resultFor(fileOf(redAndBlue(), "jpeg"));
+  ASSERT_TRUE(result.picture);
+  const int before = images.encodings;
+
+  const auto png = UIImagePNGRepresentation(*result.picture);
+
+  EXPECT_EQ(before, 1);
+  EXPECT_EQ(images.encodings, 1);
+  ASSERT_TRUE(png);
+  EXPECT_EQ(images.imageWithData(*png)->size(), (CGSize{64, 32}));
+}
+
+}  // namespace
+}  // namespace frelta
