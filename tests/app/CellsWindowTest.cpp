@@ -2,6 +2,7 @@
 
 #include "graphics/UIImage.h"
 #include "tests/app/OpenWindow.h"
+#include "tests/app/PicturesOnDemand.h"
 #include "uikit/UIImagePickerController.h"
 #include "uikit/UISlider.h"
 
@@ -14,6 +15,8 @@ using Operation = FailingFiles::Operation;
 
 class CellsWindow : public testing::Test {
  protected:
+  explicit CellsWindow(UserInterfaceStyle style = UserInterfaceStyle::Light) : window(style) {}
+
   QuickWindow& quick() { return *window.application->window(); }
   void key(Qt::Key key) {
     QTest::keyClick(&quick(), key);
@@ -135,6 +138,8 @@ TEST_F(PickingAPicture, SaysWhyAFileCannotBeTakenAndThenCloses) {
 
 class PickingAColour : public CellsWindow {
  protected:
+  using CellsWindow::CellsWindow;
+
   void tapRow() {
     window.putSettings({{"CustomTextColour", "#FF0000"}});
     ASSERT_NO_FATAL_FAILURE(window.open());
@@ -197,6 +202,48 @@ TEST_F(PickingAColour, WorksByKeysAlone) {
   EXPECT_EQ(presented(), 0u);
 }
 
+TEST_F(PickingAColour, NeedsNoMouseFromTheRowAndBackToIt) {
+  window.putSettings({{"CustomTextColour", "#FF0000"}});
+  ASSERT_NO_FATAL_FAILURE(window.open());
+  const auto* row = window.driver->findRow("CustomTextColour");
+  ASSERT_NE(row, nullptr);
+  quick().itemFor(*row)->forceActiveFocus(Qt::TabFocusReason);
+  key(Qt::Key_Return);
+  ASSERT_TRUE(window.driver->alert());
+
+  std::vector<const QQuickItem*> order;
+  for (UISlider* slider : sliders()) order.push_back(quick().itemFor(*slider));
+  order.push_back(quick().itemFor(*inAlert<UITextField>()));
+  // From "Done", which Return presses at once, round to the first slider.
+  for (const QQuickItem* next : order) {
+    key(Qt::Key_Tab);
+    EXPECT_EQ(quick().activeFocusItem(), next);
+  }
+  QTest::keyClick(&quick(), Qt::Key_A, Qt::ControlModifier);
+  keys("#0000ff");
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+  key(Qt::Key_Space);
+
+  EXPECT_EQ(presented(), 0u);
+  EXPECT_EQ(window.settings().at("CustomTextColour"), PropertyListValue("#0000FFFF"));
+  EXPECT_EQ(quick().activeFocusItem(),
+            quick().itemFor(*window.driver->findRow("CustomTextColour")));
+}
+
+TEST_F(PickingAColour, LeavesAloneWhatWasSetWhenTheTypedStringIsNoColour) {
+  ASSERT_NO_FATAL_FAILURE(tapRow());
+  ASSERT_TRUE(window.driver->tapView(*inAlert<UITextField>()));
+  QTest::keyClick(&quick(), Qt::Key_A, Qt::ControlModifier);
+
+  keys("#12zz");
+  key(Qt::Key_Return);
+
+  EXPECT_EQ(presented(), 0u);
+  EXPECT_EQ(writes(), 0u);
+  EXPECT_EQ(window.settings().at("CustomTextColour"), PropertyListValue("#FF0000"));
+}
+
 TEST_F(PickingAColour, TakesATypedString) {
   ASSERT_NO_FATAL_FAILURE(tapRow());
   auto* field = inAlert<UITextField>();
@@ -243,30 +290,35 @@ TEST_F(PickingAColour, NamesItsSlidersToAssistiveTechnologyAndLetsItMoveThem) {
   EXPECT_EQ(all[3]->value(), 99);
 }
 
-class ColourDialogue : public PickingAColour, public testing::WithParamInterface<QSize> {};
+using Look = std::tuple<QSize, UserInterfaceStyle>;
 
-// With FRELTA_PICTURES set to a folder, each is also left there for a person to open.
+class ColourDialogue : public PickingAColour, public testing::WithParamInterface<Look> {
+ protected:
+  ColourDialogue() : PickingAColour(std::get<UserInterfaceStyle>(GetParam())) {}
+
+  const QSize size = std::get<QSize>(GetParam());
+};
+
 TEST_P(ColourDialogue, FitsItsWindow) {
   window.putSettings({{"CustomTextColour", "#2E6FDBCC"}});
-  ASSERT_NO_FATAL_FAILURE(window.open(QStringLiteral(FRELTA_BUNDLE), GetParam()));
+  ASSERT_NO_FATAL_FAILURE(window.open(QStringLiteral(FRELTA_BUNDLE), size));
 
   ASSERT_TRUE(window.driver->tapRow("CustomTextColour"));
 
   const UIView& card =
       *findView<UISlider>(window.driver->alert()->view())->superview()->superview();
   EXPECT_GE(card.frame().minY(), 0);
-  EXPECT_LE(card.frame().maxY(), GetParam().height());
-  const QString folder = qEnvironmentVariable("FRELTA_PICTURES");
-  if (!folder.isEmpty()) {
-    EXPECT_TRUE(window.driver->grab(QStringLiteral("%1/colour%2x%3.png")
-                                        .arg(folder)
-                                        .arg(GetParam().width())
-                                        .arg(GetParam().height())));
-  }
+  EXPECT_LE(card.frame().maxY(), size.height());
+  const bool isDark = std::get<UserInterfaceStyle>(GetParam()) == UserInterfaceStyle::Dark;
+  keepPicture(*window.driver,
+              "colourWidth" + std::to_string(size.width()) + (isDark ? "Dark" : "Light"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, ColourDialogue,
-                         testing::Values(QSize(390, 844), QSize(280, 320), QSize(1000, 700)));
+                         testing::Combine(testing::Values(QSize(390, 844), QSize(320, 568),
+                                                          QSize(280, 320), QSize(1000, 700)),
+                                          testing::Values(UserInterfaceStyle::Light,
+                                                          UserInterfaceStyle::Dark)));
 
 }  // namespace
 }  // namespace frelta

@@ -84,6 +84,14 @@ TEST_F(FreltaBannerCellTest, StacksIconTitleAndDevelopersLine) {
   EXPECT_EQ(banner->mainTitleLabel()->font(), UIFont::systemFontOfSize(35));
   EXPECT_EQ(banner->subTitleLabel()->font(), UIFont::systemFontOfSize(16));
   EXPECT_EQ(banner->subTitleLabel()->textColor(), UIColor::grayColor());
+  for (const UILabel* label : {banner->mainTitleLabel(), banner->subTitleLabel()}) {
+    EXPECT_EQ(label->numberOfLines(), 1);
+    EXPECT_EQ(label->textAlignment(), NSTextAlignment::Center);
+    EXPECT_EQ(label->backgroundColor(), UIColor::clearColor());
+    EXPECT_EQ(label->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  }
+  EXPECT_EQ(banner->bannerView()->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  EXPECT_EQ(banner->reuseIdentifier(), "Cell");
   const auto views = banner->subviews().last(3);
   EXPECT_EQ(views[0].get(), banner->mainTitleLabel());
   EXPECT_EQ(views[1].get(), banner->subTitleLabel());

@@ -46,6 +46,10 @@ TEST_F(FreltaFooterCellTest, IsARowOf25PointsWithALabelOf15AtItsTop) {
   EXPECT_EQ(footer->mainTitleLabel()->font(), UIFont::systemFontOfSize(12));
   EXPECT_EQ(footer->mainTitleLabel()->textColor(), UIColor::grayColor());
   EXPECT_EQ(footer->mainTitleLabel()->textAlignment(), NSTextAlignment::Center);
+  EXPECT_EQ(footer->mainTitleLabel()->numberOfLines(), 1);
+  EXPECT_EQ(footer->mainTitleLabel()->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(footer->mainTitleLabel()->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  EXPECT_EQ(footer->reuseIdentifier(), "Cell");
   EXPECT_EQ(footer->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
 }
 
