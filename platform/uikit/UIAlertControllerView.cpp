@@ -54,6 +54,8 @@ UIAlertControllerView::UIAlertControllerView(UIAlertController& controller,
   title_->setAccessibility({.role = UIAccessibility::Role::Heading});
   message_ = card_->addSubview(std::make_unique<UITextView>());
   message_->setText(controller.message());
+  // The keyboard would stop at an empty one.
+  message_->setHidden(controller.message().empty());
   message_->setFont(UIFont::systemFontOfSize(kTextPointSize));
   message_->setTextAlignment(NSTextAlignment::Center);
   if (content) content_ = card_->addSubview(std::move(content));
