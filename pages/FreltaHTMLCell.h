@@ -10,7 +10,7 @@
 namespace frelta {
 
 /// Holds the HTML themes' place until the row lists them: a block of one colour as high as a fixed
-/// list.
+/// list. The bundle's page has a plain row there, which leads to the style selector.
 class FreltaHTMLCell : public PSTableCell {
  public:
   static std::unique_ptr<FreltaHTMLCell> initWithSpecifier(std::shared_ptr<PSSpecifier> specifier);

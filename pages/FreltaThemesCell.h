@@ -10,7 +10,7 @@
 namespace frelta {
 
 /// Holds the images themes' place until the row lists them: a block of one colour as high as a
-/// fixed list.
+/// fixed list. The bundle's page has a plain row there, which leads to the style selector.
 class FreltaThemesCell : public PSTableCell {
  public:
   static std::unique_ptr<FreltaThemesCell> initWithSpecifier(
