@@ -20,10 +20,8 @@ class PicturePreviewTest : public PagesTest {
  protected:
   PicturePreviewTest() { GraphicsServices::install({&images}); }
 
-  std::string put(const UIImage& picture) {
-    const std::string png = UIImagePNGRepresentation(picture).value();
-    platform.put("/a.png", png);
-    return png;
+  void put(const UIImage& picture) {
+    platform.put("/a.png", UIImagePNGRepresentation(picture).value());
   }
 
   CountedImages images;
