@@ -67,18 +67,16 @@ bool StyleDrop::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void StyleDrop::install(const QStringList& paths) {
-  waiting_ += paths;
-  if (!job_) startNext();
+  for (const QString& path : paths) waiting_.append({path, false});
+  startNext();
 }
 
 void StyleDrop::startNext() {
-  if (!waiting_.isEmpty()) start(waiting_.takeFirst(), false);
-}
-
-void StyleDrop::start(const QString& path, bool replace) {
-  showNote(tr("Installing “%1”").arg(QFileInfo(path).fileName()), 0, 0);
+  if (job_ || waiting_.isEmpty()) return;
+  const Work work = waiting_.takeFirst();
+  showNote(tr("Installing “%1”").arg(QFileInfo(work.path).fileName()), 0, 0);
   job_ = std::make_unique<StyleInstallJob>(
-      StyleInstallation{path.toStdString(), root_, replace, {}, {}});
+      StyleInstallation{work.path.toStdString(), root_, work.replace, {}, {}});
   connect(job_.get(), &StyleInstallJob::progressed, this, [this](double part) {
     if (note_) note_->setProperty("part", part);
   });
@@ -122,17 +120,23 @@ void StyleDrop::askToReplace(const QString& path, const std::string& name) {
       tr("A style called “%1” is installed already. Do you want to replace it?")
           .arg(QString::fromStdString(name))
           .toStdString());
-  alert->addAction(
-      UIAlertAction::actionWithTitle(tr("Replace").toStdString(), UIAlertActionStyle::Destructive,
-                                     [this, path](UIAlertAction&) { start(path, true); }));
-  alert->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel,
+  // What was dropped while the question stood may be under way: it is not given up for this.
+  alert->addAction(UIAlertAction::actionWithTitle(
+      tr("Replace").toStdString(), UIAlertActionStyle::Destructive, [this, path](UIAlertAction&) {
+        waiting_.prepend({path, true});
+        startNext();
+      }));
+  alert->addAction(UIAlertAction::actionWithTitle(tr("Cancel").toStdString(),
+                                                  UIAlertActionStyle::Cancel,
                                                   [this](UIAlertAction&) { startNext(); }));
   guardEvent([&] { front().presentViewController(alert, true); });
 }
 
 void StyleDrop::tellError(const QString& text) {
-  auto alert = UIAlertController::alertControllerWithTitle("Error", text.toStdString());
-  alert->addAction(UIAlertAction::actionWithTitle("OK", UIAlertActionStyle::Default));
+  auto alert =
+      UIAlertController::alertControllerWithTitle(tr("Error").toStdString(), text.toStdString());
+  alert->addAction(
+      UIAlertAction::actionWithTitle(tr("OK").toStdString(), UIAlertActionStyle::Default));
   guardEvent([&] { front().presentViewController(alert, true); });
 }
 

@@ -37,8 +37,13 @@ class StyleDrop : public QObject {
   void hideNote();
 
  private:
+  struct Work {
+    QString path;
+    bool replace;
+  };
+
+  /// Unless something is being installed or nothing is waiting.
   void startNext();
-  void start(const QString& path, bool replace);
   void jobFinished(const StyleInstallJob::Result& result);
   void styleInstalled(const InstalledStyle& style, bool replaced);
   void askToReplace(const QString& path, const std::string& name);
@@ -51,7 +56,7 @@ class StyleDrop : public QObject {
   QuickWindow& window_;
   UINavigationController& navigation_;
   std::string root_;
-  QStringList waiting_;
+  QList<Work> waiting_;
   std::unique_ptr<StyleInstallJob> job_;
   std::unique_ptr<QQmlEngine> engine_;  // once there is a note to show
   std::unique_ptr<QQuickItem> note_;

@@ -1,6 +1,6 @@
 #include "app/Translations.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QTranslator>
 
@@ -11,6 +11,11 @@ void installTranslations() {
   if (translator->load(QLocale(), QStringLiteral("frelta"), QStringLiteral("_"),
                        QStringLiteral(":/frelta/translations")))
     QCoreApplication::installTranslator(translator);
+}
+
+void followReadingDirection() {
+  if (QLocale().textDirection() == Qt::RightToLeft)
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
 }
 
 }  // namespace frelta

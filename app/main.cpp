@@ -59,6 +59,7 @@ int runInWindow(int argc, char** argv) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Frelta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.tarno.frelta"));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.tarno.frelta")));
+  followReadingDirection();
 
   QString error;
   const auto options = parseOptions(error);

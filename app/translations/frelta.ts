@@ -103,6 +103,43 @@ Shows the pages and writes the settings under a device root.</source>
     </message>
 </context>
 <context>
+    <name>Picker</name>
+    <message>
+        <source>Opening the picture…</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PictureDialog</name>
+    <message>
+        <source>Choose a picture</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>There is no file of that name, or it is not an ordinary one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MB.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>RefusalTexts</name>
     <message>
         <source>It cannot be read: %1.</source>
@@ -202,6 +239,20 @@ Shows the pages and writes the settings under a device root.</source>
     </message>
 </context>
 <context>
+    <name>TextField</name>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>frelta::QtPicturePicker</name>
+    <message>
+        <source>There is no file dialogue on this system.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>frelta::StyleDrop</name>
     <message>
         <source>Drop to install the style</source>
@@ -229,6 +280,14 @@ Shows the pages and writes the settings under a device root.</source>
     </message>
     <message>
         <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -104,6 +104,43 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     </message>
 </context>
 <context>
+    <name>Picker</name>
+    <message>
+        <source>Opening the picture…</source>
+        <translation>Das Bild wird geöffnet …</translation>
+    </message>
+</context>
+<context>
+    <name>PictureDialog</name>
+    <message>
+        <source>Choose a picture</source>
+        <translation>Bild auswählen</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>There is no file of that name, or it is not an ordinary one.</source>
+        <translation>Es gibt keine Datei dieses Namens, oder es ist keine gewöhnliche.</translation>
+    </message>
+    <message>
+        <source>The file cannot be read.</source>
+        <translation>Die Datei lässt sich nicht lesen.</translation>
+    </message>
+    <message>
+        <source>The file is larger than %1 MB.</source>
+        <translation>Die Datei ist größer als %1 MB.</translation>
+    </message>
+    <message>
+        <source>It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.</source>
+        <translation>Es ist kein PNG-, JPEG- oder GIF-Bild, ist beschädigt oder hat mehr als %1 Millionen Pixel.</translation>
+    </message>
+</context>
+<context>
     <name>RefusalTexts</name>
     <message>
         <source>It cannot be read: %1.</source>
@@ -203,6 +240,20 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     </message>
 </context>
 <context>
+    <name>TextField</name>
+    <message>
+        <source>Clear</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>frelta::QtPicturePicker</name>
+    <message>
+        <source>There is no file dialogue on this system.</source>
+        <translation>Auf diesem System gibt es keinen Dateidialog.</translation>
+    </message>
+</context>
+<context>
     <name>frelta::StyleDrop</name>
     <message>
         <source>Drop to install the style</source>
@@ -231,6 +282,14 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 </TS>

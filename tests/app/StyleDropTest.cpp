@@ -2,10 +2,12 @@
 
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLocale>
 #include <QMimeData>
 #include <filesystem>
 #include <fstream>
 
+#include "app/Translations.h"
 #include "tests/app/OpenWindow.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -139,6 +141,35 @@ TEST_F(StyleDropTest, ReplacesAStyleOnlyWhenToldTo) {
   EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
   EXPECT_THAT(window.platform.notifications.posted,
               testing::ElementsAre("com.tarno.frelta.refresh"));
+}
+
+TEST_F(StyleDropTest, ReplacesAStyleAfterWhatWasDroppedWhileTheQuestionStood) {
+  std::filesystem::create_directories(themes() / "Sea.theme/HTML");
+  dropFiles({style("Sea.theme")});
+  waitUntilIdle();
+  ASSERT_NE(window.driver->alert(), nullptr);
+
+  dropFiles({style("Large.theme", 4000)});
+  window.driver->tapAlertButton("Replace");
+  waitUntilIdle();
+
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Large.theme/Images/3999"));
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme/HTML"));
+  EXPECT_EQ(window.driver->alert(), nullptr);
+}
+
+TEST_F(StyleDropTest, AsksInTheUsersLanguage) {
+  QLocale::setDefault(QLocale(QLocale::German));
+  installTranslations();
+  std::filesystem::create_directories(themes() / "Sea.theme/HTML");
+
+  dropFiles({style("Sea.theme")});
+  waitUntilIdle();
+
+  ASSERT_NE(window.driver->alert(), nullptr);
+  EXPECT_EQ(window.driver->alert()->title(), "Stil ersetzen");
+  EXPECT_TRUE(window.driver->tapAlertButton("Abbrechen"));
 }
 
 TEST_F(StyleDropTest, ShowsABarThatCanBeCancelled) {

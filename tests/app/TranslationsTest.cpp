@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 #include <QCoreApplication>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLocale>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include "app/StyleRefusalText.h"
@@ -17,9 +20,13 @@ struct Texts {
   int unfinished = 0;
 };
 
-Texts textsOf(const char* name) {
-  QFile file(QStringLiteral(FRELTA_TRANSLATIONS "/") + QString::fromLatin1(name));
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+QString pathOf(const char* name) {
+  return QStringLiteral(FRELTA_SOURCE "/app/translations/") + QString::fromLatin1(name);
+}
+
+Texts textsOf(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
   Texts texts;
   QXmlStreamReader xml(&file);
   while (!xml.atEnd()) {
@@ -30,7 +37,7 @@ Texts textsOf(const char* name) {
       texts.translations.append(xml.readElementText());
     }
   }
-  EXPECT_FALSE(xml.hasError()) << name;
+  EXPECT_FALSE(xml.hasError()) << path.toStdString();
   return texts;
 }
 
@@ -39,8 +46,8 @@ int placesIn(const QString& text) {
 }
 
 TEST(Translations, TheGermanOneIsCompleteAndHasTheTemplatesTexts) {
-  const Texts pattern = textsOf("frelta.ts");
-  const Texts german = textsOf("frelta_de.ts");
+  const Texts pattern = textsOf(pathOf("frelta.ts"));
+  const Texts german = textsOf(pathOf("frelta_de.ts"));
 
   EXPECT_FALSE(pattern.sources.isEmpty());
   EXPECT_EQ(german.sources, pattern.sources);
@@ -50,6 +57,24 @@ TEST(Translations, TheGermanOneIsCompleteAndHasTheTemplatesTexts) {
     EXPECT_EQ(placesIn(german.translations[i]), placesIn(german.sources[i]))
         << german.sources[i].toStdString();
   }
+}
+
+TEST(Translations, TheTemplateHasEveryTextOfTheApplicationAndItsWindow) {
+  const QTemporaryDir folder;
+  const QString found = folder.filePath(QStringLiteral("found.ts"));
+  QProcess lupdate;
+  lupdate.start(
+      QStringLiteral(FRELTA_LUPDATE),
+      {QStringLiteral(FRELTA_SOURCE "/app"), QStringLiteral(FRELTA_SOURCE "/platform/quick"),
+       QStringLiteral("-I"), QStringLiteral(FRELTA_SOURCE), QStringLiteral("-I"),
+       QStringLiteral(FRELTA_SOURCE "/platform"), QStringLiteral("-ts"), found});
+  ASSERT_TRUE(lupdate.waitForFinished(60'000));
+  ASSERT_EQ(lupdate.exitCode(), 0);
+
+  const Texts texts = textsOf(found);
+
+  EXPECT_FALSE(texts.sources.isEmpty());
+  EXPECT_EQ(textsOf(pathOf("frelta.ts")).sources, texts.sources);
 }
 
 TEST(Translations, AreUsedInTheUsersLanguage) {
@@ -64,6 +89,19 @@ TEST(Translations, AreUsedInTheUsersLanguage) {
   EXPECT_EQ(textOfRefusal(QStringLiteral("a.zip"), refusal),
             QStringLiteral("„a.zip“ wurde nicht installiert. „Images/a“ darin ist eine "
                            "Verknüpfung, und Stile dürfen keine Verknüpfungen enthalten."));
+}
+
+TEST(Translations, PagesAreMirroredForLanguagesThatAreReadFromTheRight) {
+  QLocale::setDefault(QLocale(QLocale::German));
+  followReadingDirection();
+  const Qt::LayoutDirection german = QGuiApplication::layoutDirection();
+  QLocale::setDefault(QLocale(QLocale::Arabic));
+
+  followReadingDirection();
+
+  EXPECT_EQ(german, Qt::LeftToRight);
+  EXPECT_EQ(QGuiApplication::layoutDirection(), Qt::RightToLeft);
+  QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
 }
 
 TEST(Translations, EveryRefusalHasATextWithoutGaps) {
