@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QImage>
 #include <QMouseEvent>
 #include <QThread>
@@ -17,6 +18,11 @@ namespace {
 // Longer than any animation of a control.
 constexpr int kSettleMilliseconds = 350;
 constexpr unsigned long kPollMilliseconds = 5;
+
+/// Of the width, counted from the left, for one counted from where lines begin.
+double shareFromLeft(double share) {
+  return QGuiApplication::layoutDirection() == Qt::RightToLeft ? 1 - share : share;
+}
 
 /// The first item below this one that is wanted; null when there is none.
 const QQuickItem* findItem(const QQuickItem& root,
@@ -115,7 +121,7 @@ bool TourDriver::tapBack() {
 bool TourDriver::tapView(const UIView& view, double xShare, double yShare) {
   QQuickItem* item = window_.itemFor(view);
   if (!item || !item->isVisible()) return false;
-  clickAt(item->mapToScene({item->width() * xShare, item->height() * yShare}));
+  clickAt(item->mapToScene({item->width() * shareFromLeft(xShare), item->height() * yShare}));
   settle();
   return true;
 }
@@ -133,14 +139,16 @@ bool TourDriver::swipeRowWithText(const std::string& text) {
 bool TourDriver::swipe(const UITableViewCell& cell) {
   const QQuickItem* item = window_.itemFor(cell);
   if (!item) return false;
-  const QPointF start = item->mapToScene({item->width() * 0.9, item->height() / 2});
-  const double length = item->width() * 0.8;
+  const auto at = [&](double share) {
+    return item->mapToScene({item->width() * shareFromLeft(share), item->height() / 2});
+  };
+  const QPointF start = at(0.9);
+  const QPointF end = at(0.1);
   sendMouse(QEvent::MouseButtonPress, start, Qt::LeftButton, Qt::LeftButton);
   for (int step = 1; step <= 10; ++step) {
-    sendMouse(QEvent::MouseMove, start - QPointF(length * step / 10, 0), Qt::NoButton,
-              Qt::LeftButton);
+    sendMouse(QEvent::MouseMove, start + (end - start) * step / 10, Qt::NoButton, Qt::LeftButton);
   }
-  sendMouse(QEvent::MouseButtonRelease, start - QPointF(length, 0), Qt::LeftButton, Qt::NoButton);
+  sendMouse(QEvent::MouseButtonRelease, end, Qt::LeftButton, Qt::NoButton);
   settle();
   return true;
 }

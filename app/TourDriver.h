@@ -32,6 +32,7 @@ class TourDriver {
   bool tapSegment(const std::string& identifier, int index);
   bool tapBack();
   bool tapRightButton();
+  /// The shares are of the width, from where lines begin, and of the height, from the top.
   bool tapView(const UIView& view, double xShare = 0.5, double yShare = 0.5);
 
   /// The button in a row of the page on top that assistive technology calls so, scrolled into

@@ -9,6 +9,7 @@
 
 #include "app/Translations.h"
 #include "tests/app/OpenWindow.h"
+#include "tests/app/PicturesOnDemand.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace frelta {
@@ -169,6 +170,7 @@ TEST_F(StyleDropTest, AsksInTheUsersLanguage) {
 
   ASSERT_NE(window.driver->alert(), nullptr);
   EXPECT_EQ(window.driver->alert()->title(), "Stil ersetzen");
+  keepPicture(*window.driver, "drop-question-german");
   EXPECT_TRUE(window.driver->tapAlertButton("Abbrechen"));
 }
 
@@ -195,6 +197,7 @@ TEST_F(StyleDropTest, LeavesNothingWhenTheApplicationEndsMeanwhile) {
 
   drop.reset();
 
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Large.theme"));
   EXPECT_FALSE(std::filesystem::exists(themes().parent_path() / ".installing-style"));
 }
 

@@ -35,6 +35,20 @@ TEST(Tour, WalksEveryStepAndLeavesAPictureOfEach) {
   }
 }
 
+TEST(Tour, GoesWellFromRightToLeft) {
+  PrivateBus bus;
+  QTemporaryDir folder;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("ar_EG.UTF-8"));
+  QProcess program;
+  program.setProcessEnvironment(environment);
+  program.start(QStringLiteral(FRELTA_SETTINGS_BINARY), {QStringLiteral("--tour"), folder.path()});
+
+  ASSERT_TRUE(program.waitForFinished(120000));
+
+  EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardOutput().toStdString();
+}
+
 TEST(Program, StartsByRemovingWhatAWriteLeftThatWasCutShort) {
   QTemporaryDir root;
   const QString folder = root.filePath(QStringLiteral("var/mobile/Library/Preferences"));
