@@ -22,13 +22,6 @@ std::optional<UIColor>& classBackgroundColor() {
   return color;
 }
 
-/// Dark grey, as light against a dark card as it is dark against a light one.
-UIColor subtitleColor() {
-  constexpr double kDark = 1.0 / 3;
-  constexpr double kLight = 2.0 / 3;
-  return UIColor::colorWithLightAndDark({kDark, kDark, kDark, 1}, {kLight, kLight, kLight, 1});
-}
-
 }  // namespace
 
 FreltaStyleContentsCell::FreltaStyleContentsCell(const CGRect& frame) : UIView(frame) {
@@ -87,7 +80,7 @@ void FreltaStyleContentsCell::addLabels() {
   };
   headerLabel_ = add(top, height, kTitleSize);
   subtitleLabel_ = add(top + height + padding(), height - padding(), kSubtitleSize);
-  subtitleLabel_->setTextColor(subtitleColor());
+  subtitleLabel_->setTextColor(UIColor::darkGrayColor());
 }
 
 void FreltaStyleContentsCell::addEnableButton() {

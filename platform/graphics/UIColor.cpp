@@ -56,7 +56,9 @@ UIColor UIColor::whiteColor() {
   return colorWithRed(1, 1, 1, 1);
 }
 UIColor UIColor::darkGrayColor() {
-  return colorWithRed(1.0 / 3, 1.0 / 3, 1.0 / 3, 1);
+  constexpr double kDark = 1.0 / 3;
+  constexpr double kLight = 2.0 / 3;
+  return {{kDark, kDark, kDark, 1}, {kLight, kLight, kLight, 1}};
 }
 UIColor UIColor::grayColor() {
   return colorWithRed(0.5, 0.5, 0.5, 1);

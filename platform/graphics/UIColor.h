@@ -27,6 +27,7 @@ class UIColor {
 
   static UIColor clearColor();
   static UIColor whiteColor();
+  /// As light on a dark ground as it is dark on a light one, so that it can be read on both.
   static UIColor darkGrayColor();
   static UIColor grayColor();
 

@@ -40,11 +40,26 @@ TEST_F(ContentsCell, RoundsWhereSinglePrecisionIsNamed) {
   EXPECT_EQ(odd.headerLabel()->frame().size.width, width - 112 - 20 - 76);
 }
 
+TEST_F(ContentsCell, CutsItsTextsInSinglePrecision) {
+  FreltaStyleContentsCell odd({0, 0, 375.1, 80});
+
+  odd.setTitleText(std::string(40, 'x'));
+  odd.setSubtitleText(std::string(40, 'x'));
+
+  const double limit = static_cast<float>(odd.contentView()->frame().size.width - 112 - 40 - 76);
+  EXPECT_NE(limit, odd.contentView()->frame().size.width - 112 - 40 - 76);
+  EXPECT_EQ(odd.headerLabel()->frame().size.width, limit);
+  EXPECT_EQ(odd.subtitleLabel()->frame().size.width, limit);
+  odd.enableButton()->setFrame({});
+  odd.setIsDraggableCell(false);
+  EXPECT_EQ(odd.enableButton()->frame().minX(),
+            static_cast<float>(odd.contentView()->frame().size.width - 76 - 10));
+}
+
 TEST_F(ContentsCell, ShrinksLongTextsInItsLabels) {
   EXPECT_EQ(row.headerLabel()->font(), UIFont::systemFontOfSize(24));
   EXPECT_EQ(row.subtitleLabel()->font(), UIFont::systemFontOfSize(18));
-  EXPECT_EQ(row.subtitleLabel()->textColor().componentsForStyle(UserInterfaceStyle::Light),
-            UIColor::darkGrayColor().componentsForStyle(UserInterfaceStyle::Light));
+  EXPECT_EQ(row.subtitleLabel()->textColor(), UIColor::darkGrayColor());
   for (const UILabel* label : {row.headerLabel(), row.subtitleLabel()}) {
     EXPECT_TRUE(label->adjustsFontSizeToFitWidth());
     EXPECT_EQ(label->minimumScaleFactor(), 0.2F);
@@ -57,6 +72,18 @@ TEST_F(ContentsCell, FollowsTheWidthOfItsPlace) {
   EXPECT_EQ(row.contentView()->frame(), CGRect(7.5, 7.5, 460, 115));
   EXPECT_EQ(row.iconImageView()->frame(), CGRect(10, 11.5, 92, 92));
   EXPECT_EQ(row.enableButton()->frame(), CGRect(374, 42, 76, 31));
+}
+
+TEST_F(ContentsCell, KeepsItsIconInTheMiddleOfATallerCard) {
+  row.contentView()->setFrame({7.5, 7.5, 360, 215});
+
+  EXPECT_EQ(row.iconImageView()->frame(), CGRect(10, 61.5, 92, 92));
+  EXPECT_EQ(row.autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  for (const UIView* view :
+       std::initializer_list<UIView*>{row.contentView(), row.headerLabel(), row.subtitleLabel()}) {
+    EXPECT_EQ(view->autoresizingMask(),
+              UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
+  }
 }
 
 TEST_F(ContentsCell, SetsItsLabelsBackToBackOnTheMiddleLine) {
