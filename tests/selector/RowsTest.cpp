@@ -178,6 +178,31 @@ TEST_F(ItemRow, ATapSwitchesItsStyleInTheModelOnly) {
   EXPECT_THAT(platform.notifications.posted, IsEmpty());
 }
 
+TEST_F(ItemRow, ATapIsTheRowsOwnNotItsHeaders) {
+  row.contentView()->setStyleGroup(owner);
+  row.setStyleItem(nullptr);
+
+  tap(*row.contentView()->enableButton());
+
+  EXPECT_EQ(owner->enabledState(), FreltaEnabledStateNone);
+  EXPECT_EQ(settings(), std::nullopt);
+}
+
+TEST_F(ItemRow, LaysItsButtonOutAnewWithEachStyleAndTap) {
+  FreltaToggleButton& button = *row.contentView()->enableButton();
+  const CGRect place = button.frame();
+
+  button.setFrame({});
+  row.setStyleItem(blue);
+  EXPECT_EQ(button.frame(), place);
+  button.setFrame({});
+  tap(button);
+  EXPECT_EQ(button.frame(), place);
+  button.setFrame({});
+  row.setStyleItem(nullptr);
+  EXPECT_EQ(button.frame(), place);
+}
+
 TEST_F(ItemRow, AButtonShowsWhatBecameOfTheStyle) {
   setCurrentSelector(nullptr);
   row.setStyleItem(blue);

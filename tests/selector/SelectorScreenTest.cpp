@@ -28,6 +28,8 @@ TEST_F(SelectorScreen, IsATableWithoutLinesThatIsAlwaysEdited) {
   EXPECT_TRUE(table.isEditing());
   EXPECT_TRUE(table.allowsSelectionDuringEditing());
   EXPECT_EQ(selector->view().backgroundColor(), table.backgroundColor());
+  EXPECT_EQ(table.autoresizingMask(),
+            UIViewAutoresizingFlexibleWidth | UIViewAutoresizingFlexibleHeight);
 }
 
 TEST_F(SelectorScreen, KeepsItsGroundLikeTheTables) {
@@ -220,8 +222,12 @@ TEST_F(SelectorScreen, AsksWhatToCreateExceptForHTMLThemes) {
   EXPECT_THAT(actions, ElementsAre(std::pair("Standard", UIAlertActionStyle::Default),
                                    std::pair("Key Frames", UIAlertActionStyle::Default),
                                    std::pair("Cancel", UIAlertActionStyle::Cancel)));
-  alert()->userDidPressAction(*alert()->actions()[0]);
-  EXPECT_EQ(alert(), nullptr);
+  for (const std::size_t pressed : {0U, 1U, 2U}) {
+    alert()->userDidPressAction(*alert()->actions()[pressed]);
+    EXPECT_EQ(alert(), nullptr);
+    show(Selector::initForWidget())->addButtonTapped();
+    ASSERT_NE(alert(), nullptr);
+  }
 }
 
 TEST_F(SelectorScreen, SaysLaterThatThereAreNoStylesAndLeaves) {

@@ -205,6 +205,18 @@ TEST_F(StyleCell, OnAnotherGroundColoursCardsAndButtonsAfterIt) {
   EXPECT_EQ(disabled.alpha, 1.0);
 }
 
+TEST_F(StyleCell, OnWhiteThatIsSeenThroughColoursThemToo) {
+  const UIColor ground = UIColor::colorWithRed(1.0, 1.0, 1.0, 0.5);
+  cell.setSortedStyleItem(style("A"));
+
+  cell.setBackgroundColor(ground);
+  cell.setNeedsLayout();
+  cell.layoutIfNeeded();
+
+  EXPECT_EQ(header().contentView()->backgroundColor(), ground);
+  EXPECT_EQ(FreltaToggleButton({}).backgroundColor(), ground);
+}
+
 TEST_F(StyleCell, OnAGroundThatIsWhiteInLightSuitsBothAppearances) {
   cell.setIsGrouped(true);
   cell.setSortedStyleItem(groupOf(2, true));
