@@ -179,13 +179,15 @@ TEST_F(ItemRow, ATapSwitchesItsStyleInTheModelOnly) {
 }
 
 TEST_F(ItemRow, ATapIsTheRowsOwnNotItsHeaders) {
-  row.contentView()->setStyleGroup(owner);
-  row.setStyleItem(nullptr);
+  const auto aurora = style("Aurora");
+  selector->setSortedStyles({aurora});
+  row.contentView()->setStyleGroup(aurora);
 
   tap(*row.contentView()->enableButton());
 
-  EXPECT_EQ(owner->enabledState(), FreltaEnabledStateNone);
+  EXPECT_EQ(aurora->enabledState(), FreltaEnabledStateNone);
   EXPECT_EQ(settings(), std::nullopt);
+  EXPECT_THAT(platform.notifications.posted, IsEmpty());
 }
 
 TEST_F(ItemRow, LaysItsButtonOutAnewWithEachStyleAndTap) {
