@@ -14,6 +14,12 @@ set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 # No program or library tells where it was built.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+# Nor when: Qt's resource compiler keeps the time of each file, unless it is given one. (Its compiler
+# of pages still declares local variables in an order of chance, so that code may differ.)
+execute_process(COMMAND date -u -d ${FRELTA_RELEASE_DATE} +%s OUTPUT_VARIABLE FRELTA_RELEASE_SECONDS
+  OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+set_property(GLOBAL PROPERTY RULE_LAUNCH_CUSTOM
+  "${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${FRELTA_RELEASE_SECONDS}")
 
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT FRELTA_SANITIZE)
   add_compile_options(-fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE
