@@ -4,7 +4,6 @@
 #include <QPointerEvent>
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "quick/EventGuard.h"
 #include "uikit/UIAccessibilityState.h"
@@ -16,8 +15,9 @@ namespace {
 UITableView* frontTable(UIView& view) {
   if (view.isHidden()) return nullptr;
   if (auto* table = dynamic_cast<UITableView*>(&view)) return table;
-  for (const auto& subview : view.subviews() | std::views::reverse) {
-    if (UITableView* table = frontTable(*subview)) return table;
+  const auto subviews = view.subviews();
+  for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
+    if (UITableView* table = frontTable(**subview)) return table;
   }
   return nullptr;
 }
