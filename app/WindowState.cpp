@@ -23,10 +23,12 @@ QRect availableGeometry(const QWindow& window) {
 
 bool isInSight(QPoint place, QSize size) {
   // By the middle of its upper edge, where a window is taken hold of.
-  const QRect handle(place.x() + (size.width() - kHandle) / 2, place.y(), kHandle, kHandle);
+  // A place read from a file may lie beyond what two whole numbers can be added to.
+  const QRectF handle(place.x() + (size.width() - kHandle) / 2.0, place.y(), kHandle, kHandle);
   const auto screens = QGuiApplication::screens();
-  return std::ranges::any_of(
-      screens, [&](const QScreen* screen) { return screen->availableGeometry().contains(handle); });
+  return std::ranges::any_of(screens, [&](const QScreen* screen) {
+    return QRectF(screen->availableGeometry()).contains(handle);
+  });
 }
 
 }  // namespace

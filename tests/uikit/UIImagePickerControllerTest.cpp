@@ -108,10 +108,11 @@ TEST_F(UIImagePickerControllerTest, TellsWhyThereIsNoPictureBeforeItHandsOverNot
   const auto presented = window.presentedViewControllers();
   ASSERT_THAT(presented, SizeIs(2));
   auto& alert = dynamic_cast<UIAlertController&>(*presented[1]);
+  const std::string message = alert.message();
   const std::size_t before = delegate.infos.size();
   alert.userDidPressAction(*alert.actions()[0]);
 
-  EXPECT_EQ(alert.message(), "Too large.");
+  EXPECT_EQ(message, "Too large.");
   EXPECT_EQ(before, 0u);
   EXPECT_THAT(delegate.infos, ElementsAre(IsEmpty()));
   EXPECT_THAT(delegate.busy, ElementsAre(false));
