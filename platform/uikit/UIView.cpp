@@ -204,20 +204,6 @@ UIView* UIView::hitTest(CGPoint point) {
   return this;
 }
 
-CGPoint UIView::convertPointToView(CGPoint point, const UIView& other) const {
-  const auto offsetOf = [](const UIView* view) {
-    CGPoint offset;
-    for (; view; view = view->superview_) {
-      offset.x += view->frame().minX() - view->boundsOrigin_.x;
-      offset.y += view->frame().minY() - view->boundsOrigin_.y;
-    }
-    return offset;
-  };
-  const CGPoint from = offsetOf(this);
-  const CGPoint to = offsetOf(&other);
-  return {point.x + from.x - to.x, point.y + from.y - to.y};
-}
-
 UIGestureRecognizer* UIView::addGestureRecognizer(std::unique_ptr<UIGestureRecognizer> recognizer) {
   recognizer->view_ = this;
   gestureRecognizers_.push_back(std::move(recognizer));

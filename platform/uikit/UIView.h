@@ -151,8 +151,6 @@ class UIView {
 
   /// The front-most visible view at the point (own coordinates), itself included; null outside.
   virtual UIView* hitTest(CGPoint point);
-  /// The point of this view's coordinates in those of another view of the same tree.
-  CGPoint convertPointToView(CGPoint point, const UIView& other) const;
 
   UIGestureRecognizer* addGestureRecognizer(std::unique_ptr<UIGestureRecognizer> recognizer);
   std::span<const std::unique_ptr<UIGestureRecognizer>> gestureRecognizers() const {

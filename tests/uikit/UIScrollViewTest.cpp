@@ -90,8 +90,6 @@ TEST_F(UIScrollViewTest, PointsAndHitsGoByTheOffset) {
   EXPECT_EQ(view.hitTest({15, 505}), child);
   EXPECT_EQ(view.hitTest({15, 55}), nullptr) << "that part of the content is not shown";
   EXPECT_EQ(root.hitTest({45, 45}), leaf);
-  EXPECT_EQ(leaf->convertPointToView({1, 2}, root), (CGPoint{41, 42}));
-  EXPECT_EQ(root.convertPointToView({41, 42}, *leaf), (CGPoint{1, 2}));
 }
 
 }  // namespace
