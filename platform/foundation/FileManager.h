@@ -42,8 +42,8 @@ class FileManager {
   /// it is left.
   virtual bool removeItemAtPath(std::string_view path) = 0;
 
-  /// Copies the regular file to a path where nothing exists yet. False, and nothing left at the
-  /// destination, when that fails.
+  /// Replaces the file at the second path with a copy of the regular file at the first, permissions
+  /// too, as writeAtomically() would. False when it failed; what stood there is then untouched.
   virtual bool copyItemAtPath(std::string_view from, std::string_view to) = 0;
 
   /// Replaces the file with the bytes: at any crash or power cut a reader finds the old file or the

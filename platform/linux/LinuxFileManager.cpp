@@ -152,7 +152,7 @@ bool LinuxFileManager::copyItemAtPath(std::string_view from, std::string_view to
   if (!entry) return false;
   auto file = TemporaryFile::createIn(entry->folder, source->permissions);
   return file && file->setPermissions(source->permissions) && copyBytes(*source, *file) &&
-         file->takeFreeName(entry->name);
+         file->replace(entry->name);
 }
 
 bool LinuxFileManager::writeAtomically(std::string_view path, std::string_view bytes) {

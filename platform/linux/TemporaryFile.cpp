@@ -2,38 +2,32 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <chrono>
+#include <cstdint>
 #include <cstdio>
-#include <thread>
+#include <vector>
+
+#include "linux/FolderContents.h"
 
 namespace frelta {
 
 namespace {
 
-constexpr std::chrono::milliseconds kLockPatience{2000};
-constexpr std::chrono::milliseconds kLockPause{1};
+/// A name may be taken and a sweep may come between; neither happens twice by chance.
+constexpr int kAttempts = 16;
 
-enum class Lock { Held, Busy };
-
-Lock tryLock(const FileDescriptor& folder) {
-  int result;
-  do result = ::flock(folder.get(), LOCK_EX | LOCK_NB);
-  while (result != 0 && errno == EINTR);
-  // A file system without locks must still be written to.
-  return result != 0 && errno == EWOULDBLOCK ? Lock::Busy : Lock::Held;
-}
+enum class Lock { Held, Busy, Unsupported };
 
 /// The lock goes when the descriptor is closed, with the process at the latest.
-bool lockPatiently(const FileDescriptor& folder) {
-  const auto deadline = std::chrono::steady_clock::now() + kLockPatience;
-  while (tryLock(folder) == Lock::Busy) {
-    if (std::chrono::steady_clock::now() >= deadline) return false;
-    std::this_thread::sleep_for(kLockPause);
-  }
-  return true;
+Lock tryLock(const FileDescriptor& file) {
+  int result;
+  do result = ::flock(file.get(), LOCK_EX | LOCK_NB);
+  while (result != 0 && errno == EINTR);
+  if (result == 0) return Lock::Held;
+  return errno == EWOULDBLOCK ? Lock::Busy : Lock::Unsupported;
 }
 
 bool flushToDisk(int descriptor) {
@@ -43,27 +37,55 @@ bool flushToDisk(int descriptor) {
   return result == 0;
 }
 
+std::optional<std::string> freshName() {
+  std::uint64_t number = 0;
+  if (::getrandom(&number, sizeof number, 0) != sizeof number) return std::nullopt;
+  char digits[17];
+  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(number));
+  return std::string(TemporaryFile::kPrefix) + digits;
+}
+
+bool isRegularFile(const FileDescriptor& file) {
+  struct stat status;
+  return ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool hasName(const FileDescriptor& file) {
+  struct stat status;
+  return ::fstat(file.get(), &status) == 0 && status.st_nlink > 0;
+}
+
 }  // namespace
 
 std::optional<TemporaryFile> TemporaryFile::createIn(const FileDescriptor& folder,
                                                      mode_t permissions) {
-  if (!lockPatiently(folder)) return std::nullopt;
-  const auto create = [&] {
+  sweep(folder);
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    std::optional<std::string> name = freshName();
+    if (!name) return std::nullopt;
     const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    return FileDescriptor(::openat(folder.get(), kName, flags, permissions));
-  };
-  FileDescriptor file = create();
-  if (!file && errno == EEXIST && ::unlinkat(folder.get(), kName, 0) == 0) file = create();
-  if (!file) return std::nullopt;
-  return TemporaryFile(folder.get(), std::move(file));
+    FileDescriptor file(::openat(folder.get(), name->c_str(), flags, permissions));
+    if (!file && errno != EEXIST) return std::nullopt;
+    if (!file) continue;
+    TemporaryFile made(folder.get(), *std::move(name), std::move(file));
+    // Before the lock was held, another process's sweep may have taken the file for a dead one's.
+    if (tryLock(made.file_) != Lock::Busy && hasName(made.file_)) return made;
+  }
+  return std::nullopt;
 }
 
 void TemporaryFile::sweep(const FileDescriptor& folder) {
-  if (tryLock(folder) == Lock::Held) ::unlinkat(folder.get(), kName, 0);
+  for (const std::string& name : namesInFolder(folder).value_or(std::vector<std::string>())) {
+    if (!name.starts_with(kPrefix)) continue;
+    const int flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW | O_CLOEXEC;
+    const FileDescriptor file(::openat(folder.get(), name.c_str(), flags));
+    if (file && isRegularFile(file) && tryLock(file) == Lock::Held)
+      ::unlinkat(folder.get(), name.c_str(), 0);
+  }
 }
 
 TemporaryFile::~TemporaryFile() {
-  if (folder_ >= 0) ::unlinkat(folder_, kName, 0);
+  if (folder_ >= 0) ::unlinkat(folder_, name_.c_str(), 0);
 }
 
 bool TemporaryFile::setPermissions(mode_t permissions) {
@@ -81,25 +103,9 @@ bool TemporaryFile::append(std::string_view bytes) {
 }
 
 bool TemporaryFile::replace(const std::string& name) {
-  return name != kName && flushToDisk(file_.get()) &&
-         finish(::renameat(folder_, kName, folder_, name.c_str()) == 0);
-}
-
-bool TemporaryFile::takeFreeName(const std::string& name) {
-  if (name == kName || !flushToDisk(file_.get())) return false;
-  int result = ::renameat2(folder_, kName, folder_, name.c_str(), RENAME_NOREPLACE);
-  if (result != 0 && (errno == EINVAL || errno == ENOSYS)) {
-    // This file system cannot check and rename in one step.
-    struct stat status;
-    const bool isFree =
-        ::fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
-    if (isFree) result = ::renameat(folder_, kName, folder_, name.c_str());
-  }
-  return finish(result == 0);
-}
-
-bool TemporaryFile::finish(bool renamed) {
-  if (!renamed) return false;
+  if (name.starts_with(kPrefix) || !flushToDisk(file_.get()) ||
+      ::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0)
+    return false;
   // The file has its name: not even a folder that fails to flush makes the old one come back.
   flushToDisk(std::exchange(folder_, -1));
   return true;

@@ -53,7 +53,7 @@ TEST(Program, StartsByRemovingWhatAWriteLeftThatWasCutShort) {
   QTemporaryDir root;
   const QString folder = root.filePath(QStringLiteral("var/mobile/Library/Preferences"));
   ASSERT_TRUE(QDir().mkpath(folder));
-  QFile litter(folder + QStringLiteral("/.frelta-writing"));
+  QFile litter(folder + QStringLiteral("/.frelta-writing-0123456789abcdef"));
   ASSERT_TRUE(litter.open(QIODevice::WriteOnly));
   QProcess program;
   // A wrong page name ends the program before anything is written.

@@ -227,23 +227,37 @@ TEST_P(FileManagerContract, CopiesAFileWithItsPermissions) {
             std::filesystem::perms(0666));
 }
 
-TEST_P(FileManagerContract, CopiesNothingOntoWhatExists) {
+TEST_P(FileManagerContract, ACopyTakesThePlaceOfAFileOrLink) {
+  device.put("/from", "new");
+  device.put("/file", "old");
+  device.put("/target", "old");
+  device.link("/link", "target");
+  device.link("/dangling", "nowhere");
+
+  for (const char* path : {"/file", "/link", "/dangling"})
+    EXPECT_TRUE(files.copyItemAtPath("/from", path)) << path;
+
+  for (const char* path : {"/file", "/link", "/dangling"}) {
+    EXPECT_EQ(device.get(path), "new") << path;
+    EXPECT_FALSE(std::filesystem::is_symlink(device.host(path))) << path;
+  }
+  EXPECT_EQ(device.get("/target"), "old");
+  EXPECT_EQ(device.get("/from"), "new");
+}
+
+TEST_P(FileManagerContract, ACopyThatFailsLeavesWhatStoodThereAndNothingBeside) {
   device.put("/from", "new");
   device.put("/file", "old");
   device.put("/folder/file", "old");
-  device.link("/dangling", "nowhere");
 
-  EXPECT_FALSE(files.copyItemAtPath("/from", "/file"));
   EXPECT_FALSE(files.copyItemAtPath("/from", "/folder"));
-  EXPECT_FALSE(files.copyItemAtPath("/from", "/dangling"));
   EXPECT_FALSE(files.copyItemAtPath("/from", "/none/file"));
-  EXPECT_FALSE(files.copyItemAtPath("/folder", "/copy"));
-  EXPECT_FALSE(files.copyItemAtPath("/none", "/copy"));
+  EXPECT_FALSE(files.copyItemAtPath("/folder", "/file"));
+  EXPECT_FALSE(files.copyItemAtPath("/none", "/file"));
 
   EXPECT_EQ(device.get("/file"), "old");
-  EXPECT_THAT(DeviceFiles::names(device.root()),
-              UnorderedElementsAre("from", "file", "folder", "dangling"));
-  EXPECT_THAT(DeviceFiles::names(device.host("/folder")), UnorderedElementsAre("file"));
+  EXPECT_EQ(device.get("/folder/file"), "old");
+  EXPECT_THAT(DeviceFiles::names(device.root()), UnorderedElementsAre("from", "file", "folder"));
 }
 
 TEST_P(FileManagerContract, WritesANewFileAndReplacesAnOldOne) {
