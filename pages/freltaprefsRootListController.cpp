@@ -31,7 +31,6 @@ std::shared_ptr<freltaprefsRootListController> freltaprefsRootListController::cu
 }
 
 const PSSpecifierList& freltaprefsRootListController::specifiers() {
-  if (std::exchange(shouldReload_, false)) specifiers_.reset();
   if (!specifiers_) {
     PSSpecifierList list = loadSpecifiersFromPlistName(name_, *this);
     removeHiddenRows(list);
@@ -62,11 +61,10 @@ void freltaprefsRootListController::setPreferenceValue(std::optional<PropertyLis
   if (const std::string* name = specifier->stringForKey("PostNotification")) {
     postNotification(*name);
   }
-  if (key == "Enabled" || key == "enabled") {
-    shouldReload_ = true;
+  if (key == "Enabled" || key == "enabled" || key == "BackgroundMode" ||
+      key == "SwitchPresetsWithDarkMode") {
     reloadSpecifiers();
   }
-  if (key == "BackgroundMode" || key == "SwitchPresetsWithDarkMode") reloadSpecifiers();
   postRefreshNotification();
 }
 

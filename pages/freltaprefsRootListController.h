@@ -52,7 +52,6 @@ class freltaprefsRootListController : public PSListController,
   void handleSingleTap();
   void push(std::shared_ptr<UIViewController> screen);
 
-  bool shouldReload_ = false;
   /// Reserved: released with the page, set by nobody.
   std::shared_ptr<UIViewController> tarnoViewController_;
   std::string name_;
