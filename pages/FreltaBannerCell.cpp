@@ -42,7 +42,6 @@ FreltaBannerCell::FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier)
     icon->setImage(
         roundedRectImageFromImage(unmaskedImage_, unmaskedImage_->size().width * kIconRadiusShare));
   }
-  icon->setCenter({width * 0.5, icon->center().y});
   icon->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
 
   const double titleTop = static_cast<float>(icon->frame().size.height + kIconTop) + float{kGap};
@@ -101,10 +100,6 @@ void FreltaBannerCell::didMoveToSuperview() {
   layoutIfNeeded();
   setFrame(frame());
   layoutIfNeeded();
-}
-
-void FreltaBannerCell::layoutSubviews() {
-  PSTableCell::layoutSubviews();
 }
 
 void FreltaBannerCell::refreshCellContents() {}

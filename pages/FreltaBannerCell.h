@@ -33,7 +33,6 @@ class FreltaBannerCell : public PSTableCell {
   /// Takes the frame above, whatever is asked.
   void setFrame(const CGRect& frame) override;
   void didMoveToSuperview() override;
-  void layoutSubviews() override;
   /// Nothing of the banner comes from the row's description.
   void refreshCellContents() override;
   UIAccessibility accessibility() const override;

@@ -61,11 +61,31 @@ TEST_F(FreltaBannerCellTest, FollowsItsSuperviewsWidth) {
 
 TEST_F(FreltaBannerCellTest, HasTheBaseFrameWithoutASuperview) {
   UIView superview({0, 0, 320, 700});
-  FreltaBannerCell* banner = superview.addSubview(makeBanner());
+  auto banner = makeBanner();
+  const CGRect atFirst = banner->frame();
+  FreltaBannerCell* shown = superview.addSubview(std::move(banner));
 
-  const auto owner = banner->removeFromSuperview();
+  const auto owner = shown->removeFromSuperview();
 
+  EXPECT_EQ(atFirst, CGRect(0, 0, 0, 0));
   EXPECT_EQ(owner->frame(), CGRect(0, 0, 0, 195));
+}
+
+TEST_F(FreltaBannerCellTest, IsLaidOutBeforeAndAfterItTakesItsFrameInANewSuperview) {
+  class NotingView : public UIView {
+   public:
+    NotingView() { setAutoresizingMask(UIViewAutoresizingFlexibleWidth); }
+    void layoutSubviews() override { widths.push_back(frame().size.width); }
+    std::vector<double> widths;
+  };
+  UIView superview({0, 0, 320, 700});
+  auto banner = makeBanner();
+  const auto* noting = banner->addSubview(std::make_unique<NotingView>());
+
+  const FreltaBannerCell* shown = superview.addSubview(std::move(banner));
+
+  EXPECT_EQ(noting->widths, (std::vector<double>{0, 320}));
+  EXPECT_EQ(shown->contentView()->frame(), CGRect(0, 0, 320, 195));
 }
 
 TEST_F(FreltaBannerCellTest, StacksIconTitleAndDevelopersLine) {
@@ -91,6 +111,7 @@ TEST_F(FreltaBannerCellTest, StacksIconTitleAndDevelopersLine) {
     EXPECT_EQ(label->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
   }
   EXPECT_EQ(banner->bannerView()->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  EXPECT_EQ(banner->backgroundColor(), UIColor::clearColor());
   EXPECT_EQ(banner->reuseIdentifier(), "Cell");
   const auto views = banner->subviews().last(3);
   EXPECT_EQ(views[0].get(), banner->mainTitleLabel());
