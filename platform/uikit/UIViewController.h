@@ -33,7 +33,7 @@ class UIViewController : public std::enable_shared_from_this<UIViewController> {
   /// Shows the controller over the whole window until it is dismissed. Where a controller is
   /// presented already, only the front-most may present. Otherwise, and from a screen that is in no
   /// window, nothing happens but a line in the log.
-  void presentViewController(std::shared_ptr<UIViewController> controller, bool animated);
+  virtual void presentViewController(std::shared_ptr<UIViewController> controller, bool animated);
   /// Takes away what is presented over this controller; when nothing is, and it is itself
   /// presented, this one.
   void dismissViewControllerAnimated(bool animated);

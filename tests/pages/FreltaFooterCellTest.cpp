@@ -49,6 +49,8 @@ TEST_F(FreltaFooterCellTest, IsARowOf25PointsWithALabelOf15AtItsTop) {
   EXPECT_EQ(footer->mainTitleLabel()->numberOfLines(), 1);
   EXPECT_EQ(footer->mainTitleLabel()->backgroundColor(), UIColor::clearColor());
   EXPECT_EQ(footer->mainTitleLabel()->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
+  EXPECT_EQ(footer->backgroundColor(), UIColor::clearColor());
+  EXPECT_EQ(footer->selectionStyle(), UITableViewCellSelectionStyle::None);
   EXPECT_EQ(footer->reuseIdentifier(), "Cell");
   EXPECT_EQ(footer->autoresizingMask(), UIViewAutoresizingFlexibleWidth);
 }

@@ -103,6 +103,64 @@ TEST_F(FreltaImageCellTest, APickedPictureIsStoredAsPNGNamedInTheSettingsAndTold
   EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
 }
 
+TEST_F(FreltaImageCellTest, WhoeverHearsOfAPickFindsThePictureAndItsNameAndThePickerStillOpen) {
+  open();
+  tap(*page, "FreltaImageCell");
+  int heard = 0;
+  lookAtPosts([&](std::string_view name) {
+    ++heard;
+    EXPECT_EQ(name, "com.tarno.frelta.refresh");
+    EXPECT_EQ(settingsFile().at("backgroundImage"), PropertyListValue(path));
+    const auto stored = UIImage::imageWithContentsOfFile(path);
+    EXPECT_TRUE(stored && stored->size() == (CGSize{6, 4}));
+    EXPECT_THAT(window.presentedViewControllers(), SizeIs(1));
+    EXPECT_EQ(shown(), nullptr);
+  });
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(heard, 1);
+}
+
+TEST_F(FreltaImageCellTest, ThePickerComesWithAnimationAndGoesWithoutBeforeThePictureShows) {
+  class NotingPage : public freltaprefsRootListController {
+   public:
+    void presentViewController(std::shared_ptr<UIViewController> controller,
+                               bool animated) override {
+      presentedAnimated.push_back(animated);
+      freltaprefsRootListController::presentViewController(std::move(controller), animated);
+    }
+    std::vector<bool> presentedAnimated;
+  };
+  class NotingPicker : public UIImagePickerController {
+   public:
+    void viewWillDisappear(bool animated) override {
+      wentAnimated.push_back(animated);
+      UIImagePickerController::viewWillDisappear(animated);
+      if (atGoing) atGoing();
+    }
+    std::vector<bool> wentAnimated;
+    std::function<void()> atGoing;
+  };
+  putSettings({{"BackgroundMode", 2}});
+  const auto noting = std::make_shared<NotingPage>();
+  page = noting;
+  show(page);
+  window.setRootViewController(navigation);
+
+  tap(*page, "FreltaImageCell");
+  page->dismissViewControllerAnimated(false);
+  const auto picker = std::make_shared<NotingPicker>();
+  page->presentViewController(picker, false);
+  picker->atGoing = [&] { EXPECT_EQ(shown(), nullptr); };
+  imageCell().didFinishPickingMediaWithInfo(
+      *picker, {{std::string(UIImagePickerControllerOriginalImage), picture(6, 4)}});
+
+  EXPECT_THAT(noting->presentedAnimated, ElementsAre(true, false));
+  EXPECT_THAT(picker->wentAnimated, ElementsAre(false));
+  EXPECT_TRUE(shown());
+}
+
 TEST_F(FreltaImageCellTest, AnotherPictureReplacesTheOldFile) {
   putPicture(path, 9, 9);
   open({{"backgroundImage", path}});

@@ -22,6 +22,13 @@ inline std::string resourceNamed(const std::string& fileName) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// Lets a test look around at each post, as a process that listens would.
+class LookingCenter : public DarwinNotificationCenter {
+ public:
+  void post(std::string_view name) override { atPost(name); }
+  std::function<void(std::string_view name)> atPost;
+};
+
 /// The product's pages over the settings file of an empty device.
 class PagesTest : public ListPageTest {
  protected:
@@ -70,6 +77,14 @@ class PagesTest : public ListPageTest {
     return list && list->dictionary() ? *list->dictionary() : Dictionary{};
   }
 
+  /// Posts go there from now on, and nowhere else.
+  void lookAtPosts(std::function<void(std::string_view name)> look) {
+    center_.atPost = std::move(look);
+    Platform services = Platform::current();
+    services.darwinNotificationCenter = &center_;
+    Platform::install(services);
+  }
+
   static std::vector<std::string> identifiers(PSListController& page) {
     std::vector<std::string> result;
     for (const auto& row : page.specifiers()) result.push_back(row->identifier());
@@ -87,6 +102,7 @@ class PagesTest : public ListPageTest {
 
  private:
   QtImageServices images_;
+  LookingCenter center_;
 };
 
 }  // namespace frelta

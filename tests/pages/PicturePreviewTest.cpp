@@ -34,6 +34,7 @@ TEST_F(PicturePreviewTest, IsNoLargerThanARowShowsAndKeepsTheShape) {
 
   ASSERT_TRUE(preview);
   EXPECT_EQ(preview->size(), (CGSize{320, 160}));
+  EXPECT_EQ(preview->scale(), 1);
   EXPECT_EQ(pixelOf(*preview, 160, 80), kRed);
 }
 
@@ -43,6 +44,9 @@ TEST_F(PicturePreviewTest, OfASmallPictureIsItsSizeAndOfALineIsNotNothing) {
 
   put(*picture(4000, 1, kBlue));
   EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{320, 1}));
+
+  put(*picture(1, 4000, kBlue));
+  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{1, 320}));
 }
 
 TEST_F(PicturePreviewTest, IsDecodedAgainOnlyForOtherBytes) {

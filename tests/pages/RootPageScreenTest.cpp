@@ -1,5 +1,7 @@
 #include "preferences/PSEditableTableCell.h"
 #include "preferences/PSSwitchTableCell.h"
+#include "selector/FreltaThemeSelectorViewController.h"
+#include "styles/CurrentSelector.h"
 #include "tests/pages/PagesTest.h"
 
 namespace frelta {
@@ -54,6 +56,33 @@ TEST_F(RootPageScreenTest, TheAdvancedPageTakesOverFromTheRootPageAndGivesBack) 
   ASSERT_TRUE(std::dynamic_pointer_cast<freltaAdvancedprefsRootListController>(shown));
   EXPECT_EQ(shown->title(), "Advanced");
   EXPECT_EQ(freltaprefsRootListController::currentRootPage(), root);
+}
+
+TEST_F(RootPageScreenTest, APageThatDisappearsLeavesNoCurrentRootPageWhicheverThatWas) {
+  const auto shown = showRoot();
+  const auto other = std::make_shared<freltaprefsRootListController>();
+
+  other->viewWillDisappear(false);
+
+  EXPECT_EQ(freltaprefsRootListController::currentRootPage(), nullptr);
+}
+
+TEST_F(RootPageScreenTest, ThePageIsTheCurrentRootPageBeforeItLoadsItsRowsAnew) {
+  class LookingPage : public freltaprefsRootListController {
+   public:
+    const PSSpecifierList& specifiers() override {
+      if (!specifiers_) wasCurrentAtLoad.push_back(currentRootPage().get() == this);
+      return freltaprefsRootListController::specifiers();
+    }
+    std::vector<bool> wasCurrentAtLoad;
+  };
+  const auto page = std::make_shared<LookingPage>();
+  page->setBundle(&bundle);
+
+  page->view();
+  page->viewWillAppear(false);
+
+  EXPECT_THAT(page->wasCurrentAtLoad, ElementsAre(false, true));
 }
 
 TEST_F(RootPageScreenTest, TheCurrentRootPageIsHeldUntilItHasDisappeared) {
@@ -122,6 +151,30 @@ TEST_F(RootPageScreenTest, TheProfileAndSupportRowsOpenTheirAddresses) {
 
   EXPECT_THAT(addresses.opened,
               ElementsAre("https://tarno.example/frelta", "https://tarno.example/frelta/support"));
+}
+
+TEST_F(RootPageScreenTest, TheThreeStyleActionsOpenASelectorOfTheirKindThatLeadsBack) {
+  using Page = freltaprefsRootListController;
+  const std::vector<std::pair<void (Page::*)(), std::int32_t>> kinds{
+      {&Page::selectTheme, FreltaStyleModeImages},
+      {&Page::selectHTML, FreltaStyleModeHTML},
+      {&Page::selectWidget, FreltaStyleModeWidget}};
+  const auto page = showRoot();
+  page->setTitle("Frelta");
+
+  for (const auto& [open, kind] : kinds) {
+    page->navigationItem().setHidesBackButton(true);
+    ((*page).*open)();
+
+    const auto* opened =
+        dynamic_cast<FreltaThemeSelectorViewController*>(navigation->topViewController());
+    ASSERT_TRUE(opened) << kind;
+    EXPECT_EQ(opened->isExtras(), kind);
+    EXPECT_EQ(navigation->viewControllers().size(), 2u);
+    EXPECT_FALSE(page->navigationItem().hidesBackButton());
+    navigation->popViewControllerAnimated(false);
+  }
+  setCurrentSelector(nullptr);
 }
 
 TEST_F(RootPageScreenTest, TheActionsDoNothingOnAPageThatHasNoneOfThem) {

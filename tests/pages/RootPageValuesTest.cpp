@@ -122,6 +122,23 @@ TEST_F(RootPageValuesTest, ARowsOwnNotificationIsPostedBeforeTheRefresh) {
                                     "com.tarno.frelta.refresh"));
 }
 
+TEST_F(RootPageValuesTest, WhoeverHearsOfAWriteFindsTheValueInTheFileAndThroughTheManager) {
+  describeRoot({row("PSSwitchCell", "HideKeyCaps", {{"PostNotification", "com.example.changed"}})});
+  const auto page = showRoot();
+  ASSERT_EQ(*FreltaPreferencesManager::getPrefForKey("HideKeyCaps"), PropertyListValue(1));
+  std::vector<std::string> heard;
+  lookAtPosts([&](std::string_view name) {
+    heard.emplace_back(name);
+    EXPECT_EQ(settingsFile(), (Dictionary{{"HideKeyCaps", 0}})) << name;
+    EXPECT_EQ(*FreltaPreferencesManager::getPrefForKey("HideKeyCaps"), PropertyListValue(0))
+        << name;
+  });
+
+  set(*page, "HideKeyCaps", 0);
+
+  EXPECT_THAT(heard, ElementsAre("com.example.changed", "com.tarno.frelta.refresh"));
+}
+
 TEST_F(RootPageValuesTest, TheOwnNotificationComesBeforeTheReloadAndTheRefreshAfterIt) {
   const std::vector<std::string> keys{"Enabled", "enabled", "BackgroundMode",
                                       "SwitchPresetsWithDarkMode"};
