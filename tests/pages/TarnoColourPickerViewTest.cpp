@@ -141,10 +141,10 @@ TEST_F(TarnoColourPickerViewTest, ColoursEachTrackWithWhatItsSliderLeadsTo) {
   view.brightnessSlider()->dragToValue(80);
   view.opacitySlider()->dragToValue(30);
 
-  EXPECT_THAT(track(view.hueSlider()),
-              ElementsAre(red, Components{1, 1, 0, 1}, Components{0, 1, 0, 1},
-                          Components{0, 1, 1, 1}, Components{0, 0, 1, 1}, Components{1, 0, 1, 1},
-                          red));
+  EXPECT_THAT(
+      track(view.hueSlider()),
+      ElementsAre(red, Components{1, 1, 0, 1}, Components{0, 1, 0, 1}, Components{0, 1, 1, 1},
+                  Components{0, 0, 1, 1}, Components{1, 0, 1, 1}, red));
   EXPECT_THAT(track(view.saturationSlider()),
               ElementsAre(Components{0.8, 0.8, 0.8, 1}, Components{0.8, 0, 0, 1}));
   EXPECT_THAT(track(view.brightnessSlider()),
