@@ -276,6 +276,28 @@ TEST_F(StyleChoice, APathsRankIsItsPlaceAmongTheActiveMenuItems) {
   EXPECT_TRUE(found);
 }
 
+TEST_F(StyleChoice, TheFoundFlagStaysAsItWasWithoutTheKeyOrAMatch) {
+  const auto selector = selectorOf(FreltaStyleModeImages);
+  bool withoutTheKey = true;
+  bool withoutAMatch = true;
+
+  selector->rankForItemAtPath("/C", withoutTheKey);
+  putSettings({{"ActiveMenuItems", Array{"/A"}}});
+  selector->rankForItemAtPath("/C", withoutAMatch);
+
+  EXPECT_TRUE(withoutTheKey);
+  EXPECT_TRUE(withoutAMatch);
+}
+
+TEST_F(StyleChoice, APathsRankIsThatOfTheWholePathAndNotOfItsBeginning) {
+  putSettings({{"ActiveMenuItems", Array{"", "/C", "/C/D/E", "/c/d", "/C/D"}}});
+  bool found = false;
+
+  const std::int32_t rank = selectorOf(FreltaStyleModeImages)->rankForItemAtPath("/C/D", found);
+
+  EXPECT_EQ(rank, 4);
+}
+
 TEST_F(StyleChoice, ActiveMenuItemsOfAnotherTypeHoldNoPath) {
   const auto selector = selectorOf(FreltaStyleModeImages);
 

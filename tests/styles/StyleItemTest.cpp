@@ -47,6 +47,7 @@ TEST_F(StyleItem, ListsTheLargestVariantOfEachIcon) {
   platform.put(icon("Baz@3x"), "");
   platform.put(std::string(kIcons) + "Other.PNG", "x");
   platform.put(std::string(kIcons) + "Other.jpg", "x");
+  platform.put(std::string(kIcons) + "Foopng", std::string(50, 'x'));
 
   EXPECT_THAT(images(), ElementsAre(icon("Bar"), icon("Baz@3x"), icon("Foo@2x")));
 }

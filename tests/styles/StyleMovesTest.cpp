@@ -199,6 +199,35 @@ TEST_F(StyleMoves, AMoveRemovesEveryOccurrenceOfTheEntry) {
   EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(b, a));
 }
 
+TEST_F(StyleMoves, AGroupThatChangesSectionLeavesTheOldOneWithEveryOccurrence) {
+  selector->setSortedStyles({a, b, a});
+  selector->setStyle(a->items()->at(0), true);
+  platform.mainQueue.runPending();
+  const auto leftInLibrary = selector->sortedStyles();
+  const auto enabled = selector->enabledStyles();
+  selector->setEnabledStyles({a, c, a});
+
+  selector->setStyle(a->items()->at(0), false);
+  platform.mainQueue.runPending();
+
+  EXPECT_THAT(leftInLibrary, testing::ElementsAre(b));
+  EXPECT_THAT(enabled, testing::ElementsAre(a));
+  EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(c));
+  EXPECT_THAT(selector->sortedStyles(), testing::ElementsAre(a, b));
+}
+
+TEST_F(StyleMoves, AMoveThatIsPutOffGoesWhereItWasToGoWhateverTheItemsAreByThen) {
+  selector->setSortedStyles({a});
+
+  selector->setStyle(a->items()->at(0), true);
+  selector->setStyle(a->items()->at(0), false);
+  platform.mainQueue.runPending();
+
+  EXPECT_EQ(a->enabledState(), FreltaEnabledStateNone);
+  EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(a));
+  EXPECT_THAT(selector->sortedStyles(), testing::IsEmpty());
+}
+
 TEST_F(StyleMoves, AMoveOfARowThatIsNotThereFailsBeforeTheTableIsTouched) {
   selector->setEnabledStyles({a});
 

@@ -50,10 +50,11 @@ TEST_F(StyleScan, TellsKindsByWhatAFolderHoldsAndByTheNameOfABundle) {
   platform.put(inThemes("I.bundle"), "a plain file");
   platform.put(inThemes("J.theme"), "a plain file");
   platform.put(inThemes("K.theme/Images"), "a plain file");
+  platform.put(inThemes("L.theme/HTML"), "a plain file");
 
   EXPECT_THAT(names(FreltaStyleModeImages),
               testing::ElementsAre("A.theme", "C.theme", "G.bUnDlE.theme", "H", "K.theme"));
-  EXPECT_THAT(names(FreltaStyleModeHTML), testing::ElementsAre("B.theme"));
+  EXPECT_THAT(names(FreltaStyleModeHTML), testing::ElementsAre("B.theme", "L.theme"));
   EXPECT_THAT(names(FreltaStyleModeWidget),
               testing::ElementsAre("E.bundle", "F.BUNDLE", "I.bundle"));
   EXPECT_THAT(names(3), testing::IsEmpty());
