@@ -33,6 +33,13 @@ TEST_P(ImageContext, StartsTransparentAtItsScale) {
   EXPECT_THAT(image->pixels(), testing::Each(0));
 }
 
+TEST_P(ImageContext, RoundsASideThatIsNotWholeUp) {
+  const auto image = canvas(20.1, 9.4)->image();
+
+  EXPECT_EQ(image->pixelWidth(), static_cast<int>(std::ceil(20.1 * scale())));
+  EXPECT_EQ(image->pixelHeight(), static_cast<int>(std::ceil(9.4 * scale())));
+}
+
 TEST_P(ImageContext, DrawsAnImageOfItsOwnScalePixelForPixel) {
   const auto source = picture(pixels(3), pixels(2), scale(), [](int x, int y) {
     return Pixel{10 * x, 20 * y, 30, 200};
@@ -53,8 +60,10 @@ TEST_P(ImageContext, DrawsAnImageOfItsOwnScalePixelForPixel) {
 }
 
 TEST_P(ImageContext, ShrinksAPictureByAveragingIt) {
-  const auto chessboard =
-      picture(960, 960, 1, [](int x, int y) { return (x + y) % 2 == 0 ? kWhite : kBlack; });
+  // Where a pixel's middle comes to lie, the few pixels around it are all white or all black.
+  const auto chessboard = picture(960, 960, 1, [](int x, int y) {
+    return ((x + 2) / 4 + (y + 2) / 4) % 2 == 0 ? kWhite : kBlack;
+  });
   const auto context = canvas(20, 20);
 
   context->drawImage(*chessboard, {0, 0, 20, 20});
