@@ -3,11 +3,11 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 
 #include "linux/FolderContents.h"
+#include "linux/OpenBeneath.h"
 
 namespace frelta {
 
@@ -17,25 +17,12 @@ using Reason = StyleRefusalReason;
 
 constexpr int kFolder = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 // A pipe put in a file's place is not waited on.
-constexpr int kFile = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+constexpr int kFile = O_RDONLY | O_NONBLOCK | O_NOCTTY;
 
 StyleEntry::Kind kindOf(mode_t mode) {
   if (S_ISREG(mode)) return StyleEntry::Kind::File;
   if (S_ISDIR(mode)) return StyleEntry::Kind::Folder;
   return S_ISLNK(mode) ? StyleEntry::Kind::Link : StyleEntry::Kind::Device;
-}
-
-FileDescriptor openBelow(const FileDescriptor& root, const std::string& path) {
-  FileDescriptor folder(::openat(root.get(), ".", kFolder));
-  std::size_t start = 0;
-  for (std::size_t slash = path.find('/'); folder && slash != std::string::npos;
-       slash = path.find('/', start)) {
-    folder =
-        FileDescriptor(::openat(folder.get(), path.substr(start, slash - start).c_str(), kFolder));
-    start = slash + 1;
-  }
-  if (!folder) return {};
-  return FileDescriptor(::openat(folder.get(), path.c_str() + start, kFile));
 }
 
 }  // namespace
@@ -73,7 +60,7 @@ std::optional<StyleRefusal> FolderStyleSource::list(  // NOLINT(misc-no-recursio
 std::optional<StyleRefusal> FolderStyleSource::read(
     std::size_t entry, const std::function<bool(std::string_view)>& take) {
   const std::string& path = entries_[entry].path;
-  const FileDescriptor file = openBelow(folder_, path);
+  const FileDescriptor file = openBeneath(folder_, path, kFile);
   if (!file) return StyleRefusal{Reason::Missing, path};
   const StyleRefusal changed{Reason::Damaged, path};
   struct stat status;

@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <vector>
 
+#include "linux/OpenBeneath.h"
+
 namespace frelta {
 
 namespace {
@@ -37,11 +39,6 @@ FileDescriptor openByKernel(const FileDescriptor& root, const std::string& path,
   return opened;
 }
 
-/// Not known to this kernel, or forbidden by a sandbox that does not know it.
-bool kernelCannot(int error) {
-  return error == ENOSYS || error == EPERM || error == EINVAL;
-}
-
 std::optional<std::string> targetOfLink(const FileDescriptor& link) {
   std::array<char, PATH_MAX> buffer;
   const ssize_t length = ::readlinkat(link.get(), "", buffer.data(), buffer.size());
@@ -59,11 +56,19 @@ std::string takeComponent(std::string& path) {
   return name;
 }
 
+/// For this user only: whoever else could open the root could read what is in it and hold locks.
+void makePrivateFolders(const std::filesystem::path& folder) {
+  std::filesystem::path made;
+  for (const auto& component : folder) {
+    made /= component;
+    ::mkdir(made.c_str(), S_IRWXU);
+  }
+}
+
 }  // namespace
 
 DeviceRoot::DeviceRoot(const std::string& folder, PathLookup lookup) : lookup_(lookup) {
-  std::error_code ignored;
-  std::filesystem::create_directories(folder, ignored);
+  makePrivateFolders(folder);
   root_ = FileDescriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
@@ -72,7 +77,7 @@ FileDescriptor DeviceRoot::open(std::string_view path, int flags) const {
   if (!fit || !root_) return {};
   if (lookup_ == PathLookup::Kernel) {
     FileDescriptor opened = openByKernel(root_, std::string(path), flags);
-    if (opened || !kernelCannot(errno)) return opened;
+    if (opened || !kernelCannotOpenBeneath(errno)) return opened;
   }
   return walk(path, flags);
 }

@@ -26,7 +26,8 @@ class DeviceRoot {
     std::string name;
   };
 
-  /// The folder is made, with those above it, when it is missing.
+  /// The folder is made, with those above it, when it is missing: with permissions for this user
+  /// only.
   DeviceRoot(const std::string& folder, PathLookup lookup);
 
   /// Opens what is at the absolute path, links followed. Flags as open(2) takes them, without those

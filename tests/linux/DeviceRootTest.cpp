@@ -142,6 +142,25 @@ TEST_P(DeviceRootTest, TheRootIsMadeWhenMissing) {
   EXPECT_EQ(DeviceFiles::read(root / "file"), "new");
 }
 
+TEST_P(DeviceRootTest, ARootThatIsMadeIsForThisUserOnly) {
+  const auto root = device.outside() / "new" / "root";
+  const mode_t before = ::umask(022);
+
+  LinuxFileManager made(root, GetParam());
+
+  ::umask(before);
+  for (const auto& path : {root, root.parent_path()})
+    EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0700)) << path;
+}
+
+TEST_P(DeviceRootTest, ARootThatIsThereKeepsItsPermissions) {
+  std::filesystem::permissions(device.root(), std::filesystem::perms(0750));
+
+  LinuxFileManager opened(device.root(), GetParam());
+
+  EXPECT_EQ(std::filesystem::status(device.root()).permissions(), std::filesystem::perms(0750));
+}
+
 TEST_P(DeviceRootTest, ARootThatCannotBeOpenedReadsAsEmpty) {
   device.put("/file", "x");
 
