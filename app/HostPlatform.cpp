@@ -10,7 +10,7 @@ HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance
                              "/Library/Frelta/UserImages"}) {
     files_.sweepDirectoryAtPath(folder);
   }
-  sweepUnfinishedStyle(root);
+  sweepUnfinishedStyles(root);
 }
 
 Platform HostPlatform::platform() {

@@ -54,8 +54,6 @@ class RefusalTexts {
         return tr("A style cannot be called “%1”.");
       case AlreadyInstalled:
         return tr("A style called “%1” is installed already.");
-      case Busy:
-        return tr("Another style is being installed. Try again when it is done.");
       case CannotWrite:
         return tr("The style cannot be written: %1.");
       case Cancelled:

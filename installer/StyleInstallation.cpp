@@ -64,6 +64,9 @@ class Installer {
       if (!tellProgress()) return StyleRefusal{Reason::Cancelled, {}};
       if (auto refusal = copy(file)) return refusal;
     }
+    if (!staged_.flush()) return cannotWrite();
+    // That may have taken a while, and is the last that can be taken back.
+    if (!tellProgress()) return StyleRefusal{Reason::Cancelled, {}};
     return staged_.takePlace(plan_.name, installation_.replace);
   }
 
@@ -122,7 +125,7 @@ std::variant<InstalledStyle, StyleRefusal> installStyle(const StyleInstallation&
   return InstalledStyle{plan.name};
 }
 
-void sweepUnfinishedStyle(const std::string& root) {
+void sweepUnfinishedStyles(const std::string& root) {
   StagedStyle::sweep(DeviceRoot(root, PathLookup::Kernel));
 }
 

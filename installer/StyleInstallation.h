@@ -33,7 +33,8 @@ struct InstalledStyle {
 /// was there is there. Any thread; uses no service of the Platform.
 std::variant<InstalledStyle, StyleRefusal> installStyle(const StyleInstallation& installation);
 
-/// Removes what an installation that died has left in the device root.
-void sweepUnfinishedStyle(const std::string& root);
+/// Removes what installations that died have left in the device root; one that goes on is left
+/// alone.
+void sweepUnfinishedStyles(const std::string& root);
 
 }  // namespace frelta

@@ -24,7 +24,6 @@ enum class StyleRefusalReason {
   Duplicate,         ///< two entries of one name, or a file where a folder is. Detail: the entry
   BadStyleName,      ///< hidden or too long. Detail: the name
   AlreadyInstalled,  ///< something has the name already. Detail: the name
-  Busy,              ///< another installation is going on
   CannotWrite,       ///< detail: what the system says
   Cancelled
 };

@@ -222,10 +222,6 @@ Shows the pages and writes the settings under a device root.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Another style is being installed. Try again when it is done.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The style cannot be written: %1.</source>
         <translation type="unfinished"></translation>
     </message>

@@ -223,10 +223,6 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
         <translation>Ein Stil namens „%1“ ist schon installiert.</translation>
     </message>
     <message>
-        <source>Another style is being installed. Try again when it is done.</source>
-        <translation>Gerade wird ein anderer Stil installiert. Versuchen Sie es danach noch einmal.</translation>
-    </message>
-    <message>
         <source>The style cannot be written: %1.</source>
         <translation>Der Stil lässt sich nicht schreiben: %1.</translation>
     </message>

@@ -2,15 +2,18 @@
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "installer/StyleInstallation.h"
 #include "tests/installer/GeneratedZip.h"
+#include "tests/support/SystemCallFilter.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace frelta {
@@ -27,6 +30,7 @@ class InstallerTest : public testing::Test {
 
   std::filesystem::path root() const { return folder_.path() / "root"; }
   std::filesystem::path themes() const { return root() / "Library/Frelta/Themes"; }
+  std::filesystem::path library() const { return root() / "Library/Frelta"; }
   std::filesystem::path sources() const { return folder_.path() / "sources"; }
 
   static void write(const std::filesystem::path& path, std::string_view bytes) {
@@ -77,6 +81,28 @@ class InstallerTest : public testing::Test {
     if (const auto* refusal = std::get_if<StyleRefusal>(&result))
       ADD_FAILURE() << "reason " << static_cast<int>(refusal->reason) << ' ' << refusal->detail;
     return style ? style->name : "refused";
+  }
+
+  /// A style's folder among the sources.
+  std::string folder(const std::string& name) const {
+    write(sources() / name / "Images/Key.png", "key");
+    return sources() / name;
+  }
+
+  /// For a child: whether it installs. The disk is not waited for, which takes longer than all
+  /// else.
+  int statusOfInstalling() const {
+    failSystemCall(SYS_syncfs, 0);
+    return std::holds_alternative<InstalledStyle>(installStyle(installation)) ? 0 : 1;
+  }
+
+  /// What unfinished installations have in the device root.
+  std::vector<std::filesystem::path> unfinished() const {
+    std::vector<std::filesystem::path> found;
+    for (const auto& entry : std::filesystem::directory_iterator(library()))
+      if (entry.path().filename().string().starts_with(".installing-style"))
+        found.push_back(entry.path());
+    return found;
   }
 
   StyleInstallation installation;

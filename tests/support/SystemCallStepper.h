@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,6 +50,27 @@ inline SteppedRun killAtSystemCallStop(const std::vector<std::string>& argumentV
   while (waitForStop()) {
   }
   return {true, std::nullopt};
+}
+
+/// Runs the function in a copy of this process and calls the other one each time when it has
+/// entered or left a system call, with how many times that has been, from 1. Returns what waitpid()
+/// told in the end; nothing where this system lets no process trace another.
+inline std::optional<int> waitStatusOfSteppedChild(const std::function<int()>& function,
+                                                   const std::function<void(pid_t, int)>& stopped) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    if (::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) ::_exit(126);
+    ::raise(SIGSTOP);
+    ::_exit(function());
+  }
+  int status = 0;
+  for (int stop = 0;; ++stop) {
+    while (::waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (!WIFSTOPPED(status)) return stop == 0 ? std::nullopt : std::optional(status);
+    if (stop > 0) stopped(child, stop);
+    ::ptrace(PTRACE_SYSCALL, child, nullptr, nullptr);
+  }
 }
 
 }  // namespace frelta
