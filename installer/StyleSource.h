@@ -17,6 +17,8 @@ struct StyleLimits {
   std::size_t entries = 10'000;
   std::uint64_t bytes = std::uint64_t{512} << 20;
   std::size_t depth = 16;
+  /// Of an archive's list of its entries.
+  std::uint64_t listBytes = std::uint64_t{4} << 20;
 };
 
 /// One entry as its source tells of it, not checked yet.

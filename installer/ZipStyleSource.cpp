@@ -1,12 +1,13 @@
 #include "installer/ZipStyleSource.h"
 
 #include <sys/stat.h>
-#include <unistd.h>
 #include <zip.h>
 
-#include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
+
+#include "installer/ZipView.h"
 
 namespace frelta {
 
@@ -21,31 +22,11 @@ struct CloseFile {
 /// Of an archive that cannot be opened.
 StyleRefusalReason reasonOf(int error) {
   switch (error) {
-    case ZIP_ER_NOZIP:
-      return Reason::NotAFolderOrZip;
     case ZIP_ER_EXISTS:
       return Reason::Duplicate;
     default:
       return Reason::Damaged;
   }
-}
-
-/// What the end of the file says, so that a list of a million entries need not be read to know. The
-/// list itself decides.
-bool tellsOfMoreThan(std::size_t limit, int descriptor) {
-  constexpr std::string_view kMark = "PK\5\6";
-  constexpr std::size_t kRecord = 22;
-  constexpr std::size_t kCount = 10;
-  std::string end(kRecord + 0xffff, '\0');
-  struct stat status;
-  if (::fstat(descriptor, &status) != 0) return false;
-  const auto start = std::max<off_t>(status.st_size - static_cast<off_t>(end.size()), 0);
-  const ssize_t read = ::pread(descriptor, end.data(), end.size(), start);
-  end.resize(static_cast<std::size_t>(std::max<ssize_t>(read, 0)));
-  const std::size_t record = end.rfind(kMark);
-  if (record == std::string::npos || end.size() - record < kRecord) return false;
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(end[record + i]); };
-  return (byte(kCount) | (std::size_t{byte(kCount + 1)} << 8)) > limit;
 }
 
 /// Archives made on systems without these bits leave them 0, which says a plain file or folder.
@@ -77,21 +58,21 @@ void ZipStyleSource::Close::operator()(zip* archive) const {
 
 std::variant<std::unique_ptr<StyleSource>, StyleRefusal> ZipStyleSource::open(
     int descriptor, std::string name, const StyleLimits& limits) {
-  if (tellsOfMoreThan(limits.entries, descriptor)) return StyleRefusal{Reason::TooManyEntries, {}};
-  // The archive closes the descriptor that it is given.
-  const int own = ::dup(descriptor);
-  int error = 0;
-  zip_t* archive = own < 0 ? nullptr : zip_fdopen(own, ZIP_CHECKCONS, &error);
+  auto found = findZipDirectory(descriptor, limits);
+  if (auto* refusal = std::get_if<StyleRefusal>(&found)) return *refusal;
+  auto& directory = std::get<ZipDirectory>(found);
+  const std::size_t count = directory.entries;
+  zip_source_t* view = ZipView::source(std::make_unique<ZipView>(descriptor, std::move(directory)));
+  zip_error_t error;
+  zip_error_init(&error);
+  zip_t* archive = view ? zip_open_from_source(view, ZIP_RDONLY | ZIP_CHECKCONS, &error) : nullptr;
   if (!archive) {
-    if (own >= 0) ::close(own);
-    return StyleRefusal{reasonOf(error), {}};
+    zip_source_free(view);
+    return StyleRefusal{reasonOf(zip_error_code_zip(&error)), {}};
   }
   std::unique_ptr<ZipStyleSource> source(new ZipStyleSource(archive, std::move(name)));
-  const zip_int64_t count = zip_get_num_entries(archive, 0);
-  if (count > static_cast<zip_int64_t>(limits.entries))
-    return StyleRefusal{Reason::TooManyEntries, {}};
-  for (zip_int64_t i = 0; i < count; ++i) {
-    if (auto refusal = source->listEntry(static_cast<std::uint64_t>(i))) return *refusal;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (auto refusal = source->listEntry(i)) return *refusal;
   }
   return std::unique_ptr<StyleSource>(std::move(source));
 }

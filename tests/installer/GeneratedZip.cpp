@@ -88,33 +88,40 @@ void GeneratedZip::addToDirectory(std::string_view name, const Entry& entry) {
   ++count_;
 }
 
-std::string GeneratedZip::bytes() const {
+std::string GeneratedZip::bytes(const EndClaims& claims) const {
   std::string bytes = files_ + directory_;
   constexpr std::uint64_t kMany = 0xffff;
-  if (count_ >= kMany) {
+  const std::uint64_t here = claims.entriesHere.value_or(count_);
+  const std::uint64_t entries = claims.entries.value_or(count_);
+  const std::uint64_t listBytes = claims.listBytes.value_or(directory_.size());
+  const std::uint64_t listOffset = claims.listOffset.value_or(files_.size());
+  const bool large = claims.large || count_ >= kMany;
+  if (large) {
     const std::uint64_t record = bytes.size();
     append(bytes, 0x06064b50, 4);
     append(bytes, 44, 8);
     append(bytes, (3 << 8) | 45, 2);
     append(bytes, 45, 2);
-    append(bytes, 0, 4 + 4);
-    append(bytes, count_, 8);
-    append(bytes, count_, 8);
-    append(bytes, directory_.size(), 8);
-    append(bytes, files_.size(), 8);
+    append(bytes, claims.disk, 4);
+    append(bytes, 0, 4);
+    append(bytes, here, 8);
+    append(bytes, entries, 8);
+    append(bytes, listBytes, 8);
+    append(bytes, listOffset, 8);
     append(bytes, 0x07064b50, 4);
     append(bytes, 0, 4);
     append(bytes, record, 8);
     append(bytes, 1, 4);
   }
   append(bytes, 0x06054b50, 4);
-  append(bytes, 0, 2 + 2);
-  append(bytes, count_ < kMany ? count_ : kMany, 2);
-  append(bytes, count_ < kMany ? count_ : kMany, 2);
-  append(bytes, directory_.size(), 4);
-  append(bytes, files_.size(), 4);
+  append(bytes, large ? 0 : claims.disk, 2);
   append(bytes, 0, 2);
-  return bytes;
+  append(bytes, large ? claims.plainEntries.value_or(kMany) : here, 2);
+  append(bytes, large ? claims.plainEntries.value_or(kMany) : entries, 2);
+  append(bytes, large ? kInZip64 : listBytes, 4);
+  append(bytes, large ? kInZip64 : listOffset, 4);
+  append(bytes, claims.comment.size(), 2);
+  return bytes + claims.comment;
 }
 
 }  // namespace frelta

@@ -18,6 +18,21 @@ class GeneratedZip {
     std::optional<std::uint64_t> size;
   };
 
+  /// What the end says of the list of entries where that is not what it is.
+  struct EndClaims {
+    std::string comment = {};
+    std::uint16_t disk = 0;
+    std::optional<std::uint64_t> entriesHere = {};
+    std::optional<std::uint64_t> entries = {};
+    std::optional<std::uint64_t> listBytes = {};
+    std::optional<std::uint64_t> listOffset = {};
+    /// Whether the record for large archives is there although it is not needed: then it has the
+    /// claims, and the plain record refers to it.
+    bool large = false;
+    /// What the plain record says beside a large one.
+    std::optional<std::uint64_t> plainEntries = {};
+  };
+
   static constexpr std::uint16_t kStored = 0;
   static constexpr std::uint16_t kDeflated = 8;
   static constexpr std::uint16_t kEncrypted = 1;
@@ -30,7 +45,8 @@ class GeneratedZip {
   GeneratedZip& addLastAgain(std::string_view name);
 
   /// The whole file.
-  std::string bytes() const;
+  std::string bytes() const { return bytes({}); }
+  std::string bytes(const EndClaims& claims) const;
 
  private:
   struct Entry {
