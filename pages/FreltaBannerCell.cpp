@@ -18,7 +18,6 @@ constexpr double kIconTop = 15;
 constexpr double kIconHeight = 100;
 constexpr double kIconRadiusShare = 0.225;  // of the icon's width
 constexpr double kGap = 5;
-constexpr double kLabelHeight = 50;
 constexpr double kTitleSize = 35;
 constexpr double kSubTitleSize = 16;
 
@@ -57,16 +56,14 @@ FreltaBannerCell::FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier)
 
 std::unique_ptr<UILabel> FreltaBannerCell::makeLabel(double top, double fontSize,
                                                      std::string text) const {
-  const double width = PSTableCell::frame().size.width;
-  auto label = std::make_unique<UILabel>(CGRect(0, top, width, kLabelHeight));
+  auto label = std::make_unique<UILabel>();
   label->setNumberOfLines(1);
   label->setFont(UIFont::systemFontOfSize(fontSize));
   label->setText(std::move(text));
   label->setBackgroundColor(UIColor::clearColor());
   label->setTextAlignment(NSTextAlignment::Center);
   label->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
-  label->sizeToFit();
-  label->setFrame({0, label->frame().minY(), width, label->frame().size.height});
+  label->setFrame({0, top, PSTableCell::frame().size.width, label->sizeThatFits({}).height});
   return label;
 }
 

@@ -30,9 +30,10 @@ UIColor fieldColor() {
   return UIColor::colorWithLightAndDark({1, 1, 1, 1}, {0.11, 0.11, 0.12, 1});
 }
 
-UIColor opaque(const TarnoHueColour& colour) {
-  const auto [red, green, blue, alpha] = componentsWithHueColour(colour);
-  return UIColor::colorWithRed(red, green, blue, 1);
+UIColor opaque(double hue, double saturation, double brightness) {
+  const auto [red, green, blue, alpha] =
+      componentsWithHueColour({.hue = hue, .saturation = saturation, .brightness = brightness});
+  return UIColor::colorWithRed(red, green, blue, alpha);
 }
 
 /// What the user may have typed or pasted for the string.
@@ -106,15 +107,13 @@ void TarnoColourPickerView::showTracks() {
 
   std::vector<UIColor> hues;
   for (std::size_t i = 0; i <= kHueSteps; ++i) {
-    hues.push_back(opaque({static_cast<double>(i) / kHueSteps, 1, 1, 1}));
+    hues.push_back(opaque(static_cast<double>(i) / kHueSteps, 1, 1));
   }
   const auto [hue, saturation, brightness, alpha] = colour_;
-  const UIColor full = opaque(colour_);
+  const UIColor full = opaque(hue, saturation, brightness);
   hueSlider()->setTrackColors(std::move(hues));
-  saturationSlider()->setTrackColors(
-      {opaque({hue, 0, brightness, 1}), opaque({hue, 1, brightness, 1})});
-  brightnessSlider()->setTrackColors(
-      {opaque({hue, saturation, 0, 1}), opaque({hue, saturation, 1, 1})});
+  saturationSlider()->setTrackColors({opaque(hue, 0, brightness), opaque(hue, 1, brightness)});
+  brightnessSlider()->setTrackColors({opaque(hue, saturation, 0), opaque(hue, saturation, 1)});
   opacitySlider()->setTrackColors({full.colorWithAlphaComponent(0), full});
   showSwatch();
 }
@@ -133,7 +132,7 @@ CGSize TarnoColourPickerView::sizeThatFits(CGSize size) const {
 
 void TarnoColourPickerView::layoutSubviews() {
   const auto [width, height] = frame().size;
-  const double shared = std::max(0.0, height - 2 * kGap - kFieldHeight);
+  const double shared = height - 2 * kGap - kFieldHeight;
   const double sliderHeight =
       std::clamp((shared - kSwatchHeight) / 4, kSmallestSliderHeight, kSliderHeight);
   const double swatchHeight = std::max(0.0, shared - 4 * sliderHeight);

@@ -43,7 +43,6 @@ std::shared_ptr<const UIImage> swatchOfColour(const UIColor::Components& colour,
   const int height = static_cast<int>(size.height * scale);
   const int square = static_cast<int>(kSquare * scale);
   Pixels ground;
-  ground.reserve(std::size_t{4} * static_cast<std::size_t>(width * height));
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x)
       appendPixel(ground, colour, (x / square + y / square) % 2 == 0 ? kLight : kDark);

@@ -151,6 +151,13 @@ TEST_F(FreltaBannerCellTest, RoundingByNothingGivesTheSameImage) {
   EXPECT_EQ(FreltaBannerCell::roundedRectImageFromImage(nullptr, 9), nullptr);
 }
 
+TEST_F(FreltaBannerCellTest, IsReadAloudAsAHeadingWithItsMakers) {
+  EXPECT_EQ(makeBanner()->accessibility(), (UIAccessibility{.isElement = true,
+                                                            .role = UIAccessibility::Role::Heading,
+                                                            .label = "Frelta",
+                                                            .value = "by the Tarno team"}));
+}
+
 TEST_F(FreltaBannerCellTest, LeavesTheNextRowWhereItsOwnRowEndsAndLiesBehindIt) {
   putIcon();
   const auto page = showRoot();

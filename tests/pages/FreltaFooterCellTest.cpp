@@ -93,6 +93,7 @@ TEST_F(FreltaFooterCellTest, IsReadAloudAsItStands) {
 
   EXPECT_EQ(footer->accessibility().label, footer->mainTitleLabel()->text());
   EXPECT_EQ(footer->accessibility().role, UIAccessibility::Role::StaticText);
+  EXPECT_TRUE(footer->accessibility().isElement);
   EXPECT_THAT(footer->textLabel()->text(), IsEmpty());
 }
 

@@ -172,6 +172,16 @@ TEST_F(FreltaImageCellTest, AnotherPictureReplacesTheOldFile) {
   EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
 }
 
+TEST_F(FreltaImageCellTest, APickedPictureGetsItsPlaceInTheRow) {
+  open();
+  tap(*page, "FreltaImageCell");
+
+  pictures.finish({picture(6, 4), {}});
+  layout();
+
+  EXPECT_EQ(imageCell().imageView()->frame().size, (CGSize{6, 4}));
+}
+
 TEST_F(FreltaImageCellTest, ThePickLeavesTheManagersCacheAsItIs) {
   open();
   FreltaPreferencesManager::getPrefs();

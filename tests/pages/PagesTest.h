@@ -13,6 +13,7 @@
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
 #include "settings/SettingsKeys.h"
+#include "styles/CurrentSelector.h"
 #include "tests/preferences/ListPageTest.h"
 
 namespace frelta {
@@ -41,10 +42,6 @@ class PagesTest : public ListPageTest {
     UIKitServices::install(services);
     registerPages(bundle.registry);
     registerPresets(bundle.registry);
-    // The style selector's, which is a part of its own.
-    for (const char* action : {"selectTheme", "selectHTML", "selectWidget"}) {
-      bundle.registry.registerAction(action, [](UIViewController&, PSSpecifier&) {});
-    }
     bundle.resources["Root.plist"] = resourceNamed("Root.plist");
     bundle.resources["Advanced.plist"] = resourceNamed("Advanced.plist");
     FreltaPreferencesManager::clearCache();
@@ -54,6 +51,7 @@ class PagesTest : public ListPageTest {
     if (const auto page = freltaprefsRootListController::currentRootPage()) {
       page->viewWillDisappear(false);
     }
+    setCurrentSelector(nullptr);
     GraphicsServices::install({});
   }
 

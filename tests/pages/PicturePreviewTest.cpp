@@ -1,5 +1,7 @@
 #include "pages/PicturePreview.h"
 
+#include <filesystem>
+
 #include "tests/pages/PagesTest.h"
 #include "tests/support/Pictures.h"
 #include "uikit/UIWindow.h"
@@ -47,6 +49,19 @@ TEST_F(PicturePreviewTest, OfASmallPictureIsItsSizeAndOfALineIsNotNothing) {
 
   put(*picture(1, 4000, kBlue));
   EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{1, 320}));
+}
+
+TEST_F(PicturePreviewTest, OpensNothingButFilesAndIsNoneOfOneThatCannotBeRead) {
+  std::filesystem::create_directories(platform.hostPath("/folder.png"));
+  put(*picture(2, 2, kRed));
+
+  const auto ofAFolder = previewOfPictureAtPath("/folder.png");
+  const std::size_t readsOfTheFolder = platform.files.count(Operation::Read);
+  platform.files.fail(Operation::Read);
+
+  EXPECT_EQ(ofAFolder, nullptr);
+  EXPECT_EQ(readsOfTheFolder, 0u);
+  EXPECT_EQ(previewOfPictureAtPath("/a.png"), nullptr);
 }
 
 TEST_F(PicturePreviewTest, IsDecodedAgainOnlyForOtherBytes) {

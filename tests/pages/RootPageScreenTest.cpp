@@ -1,7 +1,6 @@
 #include "preferences/PSEditableTableCell.h"
 #include "preferences/PSSwitchTableCell.h"
 #include "selector/FreltaThemeSelectorViewController.h"
-#include "styles/CurrentSelector.h"
 #include "tests/pages/PagesTest.h"
 
 namespace frelta {
@@ -153,28 +152,37 @@ TEST_F(RootPageScreenTest, TheProfileAndSupportRowsOpenTheirAddresses) {
               ElementsAre("https://tarno.example/frelta", "https://tarno.example/frelta/support"));
 }
 
-TEST_F(RootPageScreenTest, TheThreeStyleActionsOpenASelectorOfTheirKindThatLeadsBack) {
-  using Page = freltaprefsRootListController;
-  const std::vector<std::pair<void (Page::*)(), std::int32_t>> kinds{
-      {&Page::selectTheme, FreltaStyleModeImages},
-      {&Page::selectHTML, FreltaStyleModeHTML},
-      {&Page::selectWidget, FreltaStyleModeWidget}};
-  const auto page = showRoot();
-  page->setTitle("Frelta");
+TEST_F(RootPageScreenTest, AKindsRowOpensTheSelectorOfItsStylesWithAnimationAndLeadsBack) {
+  class NotingPage : public freltaprefsRootListController {
+   public:
+    void viewWillDisappear(bool animated) override {
+      wentAnimated.push_back(animated);
+      freltaprefsRootListController::viewWillDisappear(animated);
+    }
+    std::vector<bool> wentAnimated;
+  };
+  const auto page = std::make_shared<NotingPage>();
+  show(page);
 
-  for (const auto& [open, kind] : kinds) {
+  for (const auto& [mode, row, kind] : {std::tuple(3, "FreltaThemesCell", FreltaStyleModeImages),
+                                        std::tuple(1, "FreltaHTMLCell", FreltaStyleModeHTML),
+                                        std::tuple(4, "FreltaWidgetCell", FreltaStyleModeWidget)}) {
+    putSettings({{"BackgroundMode", mode}});
+    page->reloadSpecifiers();
+    layout();
     page->navigationItem().setHidesBackButton(true);
-    ((*page).*open)();
+    page->wentAnimated.clear();
+
+    tap(*page, row);
 
     const auto* opened =
         dynamic_cast<FreltaThemeSelectorViewController*>(navigation->topViewController());
-    ASSERT_TRUE(opened) << kind;
+    ASSERT_TRUE(opened) << row;
     EXPECT_EQ(opened->isExtras(), kind);
-    EXPECT_EQ(navigation->viewControllers().size(), 2u);
+    EXPECT_THAT(page->wentAnimated, ElementsAre(true));
     EXPECT_FALSE(page->navigationItem().hidesBackButton());
     navigation->popViewControllerAnimated(false);
   }
-  setCurrentSelector(nullptr);
 }
 
 TEST_F(RootPageScreenTest, TheActionsDoNothingOnAPageThatHasNoneOfThem) {

@@ -66,6 +66,8 @@ TEST_F(TarnoColourPickerCellTest, ShowsTheStoredColourAsASwatchWithItsText) {
                              4);
   EXPECT_THAT(middle, ElementsAre(255, 0, 0, 255));
   EXPECT_EQ(image.pixels()[3], 0);
+  EXPECT_EQ(image.size(), (CGSize{44, 26}));
+  EXPECT_EQ(swatch()->frame().size, (CGSize{44, 26}));
 }
 
 TEST_F(TarnoColourPickerCellTest, ShowsThatNothingIsSetForWhateverIsNoColour) {
@@ -118,10 +120,52 @@ TEST_F(TarnoColourPickerCellTest, LeavesEverythingAsItWasWhenThePickIsCancelledO
 TEST_F(TarnoColourPickerCellTest, StartsFromAColourWhereNoneIsStoredAndStoresItWhenDone) {
   open();
 
-  openPicker();
+  const UIColor::Components first = openPicker().colour();
   press("Done");
 
   EXPECT_EQ(settingsFile(), (Dictionary{{"CustomTextColour", "#007AFFFF"}}));
+  EXPECT_NEAR(first.red, 0, 1e-12);
+  EXPECT_NEAR(first.green, 122 / 255.0, 1e-12);
+  EXPECT_EQ(first.blue, 1);
+  EXPECT_EQ(first.alpha, 1);
+}
+
+TEST_F(TarnoColourPickerCellTest, ARowWithoutAKeyOrAPageHasNoColourAndOneWithoutAPageOpensNothing) {
+  describeRoot({Dictionary{
+      {"cell", "PSLinkCell"}, {"id", "keyless"}, {"cellClass", "TarnoColourPickerCell"}}});
+  open();
+  const auto row = std::make_shared<PSSpecifier>(PSCellType::PSLinkCell, "row",
+                                                 Dictionary{{"key", "CustomTextColour"}});
+  TarnoColourPickerCell stray(UITableViewCellStyle::Value1, "", row);
+
+  stray.openColourPicker();
+
+  EXPECT_EQ(stray.colour(), std::nullopt);
+  EXPECT_EQ(cell<TarnoColourPickerCell>(*page, "keyless")->colour(), std::nullopt);
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+TEST_F(TarnoColourPickerCellTest, TheDialogueComesWithAnimationAndOffersCancelFirst) {
+  class NotingPage : public freltaprefsRootListController {
+   public:
+    void presentViewController(std::shared_ptr<UIViewController> controller,
+                               bool animated) override {
+      presentedAnimated.push_back(animated);
+      freltaprefsRootListController::presentViewController(std::move(controller), animated);
+    }
+    std::vector<bool> presentedAnimated;
+  };
+  const auto noting = std::make_shared<NotingPage>();
+  page = noting;
+  show(page);
+  window.setRootViewController(navigation);
+
+  tap(*page, "CustomTextColour");
+
+  EXPECT_THAT(noting->presentedAnimated, ElementsAre(true));
+  ASSERT_EQ(alert().actions().size(), 2u);
+  EXPECT_EQ(alert().actions()[0]->title(), "Cancel");
+  EXPECT_EQ(alert().actions()[1]->title(), "Done");
 }
 
 TEST_F(TarnoColourPickerCellTest, IsARowToPressThatTellsItsValue) {

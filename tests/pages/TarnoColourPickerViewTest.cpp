@@ -201,6 +201,9 @@ TEST_F(TarnoColourPickerViewTest, HasItsNamesInOneColumnAndItsControlsInTheOther
   EXPECT_EQ(labelOf(view, "Opacity")->frame(), CGRect(0, 160, 76, 36));
   EXPECT_EQ(view.opacitySlider()->frame(), CGRect(84, 160, 154, 36));
   EXPECT_EQ(labelOf(view, "Hex")->frame(), CGRect(0, 204, 76, 30));
+  // The order in which it is read aloud.
+  EXPECT_EQ(view.subviews().rbegin()[1].get(), labelOf(view, "Hex"));
+  EXPECT_EQ(view.subviews().rbegin()[0].get(), view.hexField()->superview());
   const UIView& field = *view.hexField()->superview();
   EXPECT_EQ(field.frame(), CGRect(84, 204, 154, 30));
   EXPECT_EQ(view.hexField()->frame(), CGRect(8, 0, 138, 30));
