@@ -121,6 +121,17 @@ TEST_F(StyleItem, AnUnreadableSizeCountsAsNothing) {
   EXPECT_THAT(images(), ElementsAre(std::string(kIcons) + listed.at(0)));
 }
 
+TEST_F(StyleItem, AVariantWithoutAReadableSizeGivesWayToOneOfASingleByte) {
+  std::set<std::string> readable;
+  for (std::size_t i = 0; i < 12; ++i) {
+    readable.insert(icon(letter(i)));
+    platform.put(icon(letter(i)), "x");
+    std::filesystem::create_symlink("missing", platform.hostPath(icon(letter(i) + "@2x")));
+  }
+
+  EXPECT_EQ(images(), readable);
+}
+
 TEST_F(StyleItem, ListsItsFolderOnceAndAnEmptyOneAgain) {
   EXPECT_THAT(images(), IsEmpty());
   EXPECT_EQ(item.cachedStyleImages(), std::nullopt);
@@ -141,6 +152,7 @@ TEST_F(StyleItem, WithoutAPathHasNoIcons) {
 
   EXPECT_THAT(bare.imagesForStyle(), IsEmpty());
   EXPECT_EQ(bare.generateIcon(), nullptr);
+  EXPECT_EQ(platform.files.count(Operation::Contents), 0U);
 }
 
 TEST_F(StyleItem, OneIconIsItsOwnPictureMaskedAndPadded) {

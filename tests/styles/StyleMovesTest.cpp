@@ -165,6 +165,16 @@ TEST_F(StyleMoves, AMovedRowTakesItsEntryAlongInTheEnabledSectionLater) {
               testing::ElementsAre("begin", "move 1.0 to 1.2", "end", "reload section 0"));
 }
 
+TEST_F(StyleMoves, ARowMayMoveToTheHeadOfItsSection) {
+  selector->setEnabledStyles({a, b, c});
+
+  selector->moveRowAtIndexPath({0, 2}, {0, 0});
+  platform.mainQueue.runPending();
+
+  EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(c, a, b));
+  EXPECT_THAT(platform.mainQueue.exceptions, testing::IsEmpty());
+}
+
 TEST_F(StyleMoves, TheListsChangeBetweenTheBeginningOfTheUpdatesAndTheMove) {
   class ListsTable : public RecordingTable {
    public:
