@@ -29,16 +29,19 @@ CGSize measure(std::string_view text, const UIFont& font, double maximumWidth, i
   layout.setTextOption(option);
   layout.beginLayout();
   double width = 0;
+  double height = 0;
   int lines = 0;
   while (maximumLines <= 0 || lines < maximumLines) {
     QTextLine line = layout.createLine();
     if (!line.isValid()) break;
     line.setLineWidth(maximumWidth > 0 ? maximumWidth : kNoLimit);
     width = std::max(width, line.naturalTextWidth());
+    // A font that steps in for characters that the first one lacks may need more room.
+    height += line.height();
     ++lines;
   }
   layout.endLayout();
-  return {std::ceil(width), lineHeight * std::max(1, lines)};
+  return {std::ceil(width), std::max(lineHeight, std::ceil(height))};
 }
 
 }  // namespace

@@ -73,7 +73,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Sample{"LongWord", "Donaudampfschifffahrtsgesellschaft", {17}, 80, 0},
                     Sample{"BlanksAtTheEnd", "blanks at the end   ", {17}, 0, 1},
                     Sample{"RightToLeft", "العربية والعبرية", {17}, 0, 1},
-                    Sample{"WithoutBlanks", "日本語の設定", {17}, 60, 0}),
+                    Sample{"WithoutBlanks", "日本語の設定", {17}, 60, 0},
+                    Sample{"OneFontStepsIn", "Ⓐ to Ⓩ", {17}, 0, 1},
+                    Sample{"AnotherStepsInLarge", "Ⓐ", UIFont::boldSystemFontOfSize(35), 0, 1},
+                    Sample{"OneStepsInOnTheSecondLine", "plain\nⒶ\nplain", {35}, 250, 0},
+                    Sample{"OneStepsInBehindTheLastLine", "plain\nplain\nⒶ", {35}, 250, 2},
+                    Sample{"SeveralScripts", "설정 日本 עברית العربية Ⓐ १२३ ไทย 😀", {17}, 90, 0},
+                    Sample{"MarksOnMarks", "ẳ̷̉᷍ ᷉a", {30}, 0, 1}),
     [](const auto& test) { return test.param.name; });
 
 TEST(QtTextMeasurer, SizesAreWholePointsAndEmptyTextHasOneLine) {
@@ -86,6 +92,16 @@ TEST(QtTextMeasurer, SizesAreWholePointsAndEmptyTextHasOneLine) {
   EXPECT_EQ(empty.height, some.height);
   EXPECT_EQ(some.width, std::ceil(some.width));
   EXPECT_GT(some.width, 20);
+}
+
+TEST(QtTextMeasurer, ALineIsAsHighAsTheTallestFontInIt) {
+  const QtTextMeasurer measurer;
+  const bool firstFontHasIt = qtFont({17}).family() == QStringLiteral("Inter");
+
+  const double plain = measurer.sizeOfText("A", {17}, 0, 1).height;
+  const double circled = measurer.sizeOfText("Ⓐ", {17}, 0, 1).height;
+
+  EXPECT_EQ(circled > plain, !firstFontHasIt);
 }
 
 }  // namespace
