@@ -19,9 +19,7 @@ std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path) {
 bool writePropertyListToFile(const PropertyListValue& value, std::string_view path) {
   const Platform& platform = Platform::current();
   const std::optional<std::string> bytes = platform.propertyLists->dataWithPropertyList(value);
-  // What could not be read back must not take the old file's place.
-  if (!bytes || bytes->size() > PropertyListSerialization::kMaximumBytes) return false;
-  return platform.fileManager->writeAtomically(path, *bytes);
+  return bytes && platform.fileManager->writeAtomically(path, *bytes);
 }
 
 }  // namespace frelta

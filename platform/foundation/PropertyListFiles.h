@@ -13,9 +13,9 @@ namespace frelta {
 /// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary.
 std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path);
 
-/// Replaces the file with the value's XML form, atomically. False when the value cannot be stored
-/// in a property list, its form would be too large to be read back, or the write failed; the old
-/// file is then untouched.
+/// Replaces the file with the value's XML form, or its binary one where XML cannot carry it,
+/// atomically. False when the value cannot be stored in a property list that would read back, or
+/// the write failed; the old file is then untouched.
 bool writePropertyListToFile(const PropertyListValue& value, std::string_view path);
 
 }  // namespace frelta

@@ -25,9 +25,11 @@ class PropertyListSerialization {
   /// Returns nothing when the bytes are not a whole, well-formed property list within the limits.
   virtual std::optional<PropertyListValue> propertyListWithData(std::string_view bytes) const = 0;
 
-  /// Writes the XML form, UTF-8, keys in the dictionary's order.
-  /// Returns nothing when a value cannot be stored: null, text that is not UTF-8 or holds a
-  /// character that XML cannot carry, a date outside the years 1 to 9999, or too deep a nesting.
+  /// Writes the XML form, UTF-8, keys in the dictionary's order; where that cannot carry the value
+  /// as it is, or not within the limits, the binary form, so that whatever can be read can be
+  /// written. XML carries no control characters but tabs and line breaks, not U+FFFE and U+FFFF,
+  /// and no fractions of a date's seconds. Returns nothing when neither can: null, text that is not
+  /// UTF-8, a date outside the years 1 to 9999, or what no reader would take within the limits.
   virtual std::optional<std::string> dataWithPropertyList(const PropertyListValue& value) const = 0;
 };
 

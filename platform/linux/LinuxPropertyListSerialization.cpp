@@ -1,6 +1,9 @@
 #include "linux/LinuxPropertyListSerialization.h"
 
+#include <utility>
+
 #include "linux/BinaryPropertyListReader.h"
+#include "linux/BinaryPropertyListWriter.h"
 #include "linux/XMLPropertyListReader.h"
 #include "linux/XMLPropertyListWriter.h"
 
@@ -14,7 +17,11 @@ std::optional<PropertyListValue> LinuxPropertyListSerialization::propertyListWit
 
 std::optional<std::string> LinuxPropertyListSerialization::dataWithPropertyList(
     const PropertyListValue& value) const {
-  return writeXMLPropertyList(value);
+  // What could not be read back must not be written.
+  const auto fits = [](const auto& bytes) { return bytes && bytes->size() <= kMaximumBytes; };
+  std::optional<std::string> bytes = writeXMLPropertyList(value);
+  if (!fits(bytes)) bytes = writeBinaryPropertyList(value);
+  return fits(bytes) ? std::move(bytes) : std::nullopt;
 }
 
 }  // namespace frelta

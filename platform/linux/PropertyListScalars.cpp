@@ -101,7 +101,7 @@ std::string textFromReal(double number) {
 }
 
 std::string textFromDate(Date date) {
-  const seconds time{static_cast<std::int64_t>(std::floor(date.secondsSinceReferenceDate))};
+  const seconds time{static_cast<std::int64_t>(date.secondsSinceReferenceDate)};
   const days wholeDays = std::chrono::floor<days>(time);
   const year_month_day day{kReferenceDay + wholeDays};
   const std::chrono::hh_mm_ss clock{time - wholeDays};

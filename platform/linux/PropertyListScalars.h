@@ -21,7 +21,7 @@ std::optional<PropertyListValue> dateFromText(std::string_view text);
 
 /// The shortest text that reads back as the same number.
 std::string textFromReal(double number);
-/// Whole seconds, which is all the form can hold; a fraction is dropped. The date must be in range.
+/// The date must be in range and in whole seconds, which is all the form can hold.
 std::string textFromDate(Date date);
 
 /// Whether the date lies in the years 1 to 9999.

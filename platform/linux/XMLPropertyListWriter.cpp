@@ -1,6 +1,7 @@
 #include "linux/XMLPropertyListWriter.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "foundation/Base64.h"
 #include "foundation/PropertyListSerialization.h"
@@ -25,7 +26,11 @@ constexpr AsciiSet kPlain = AsciiSet::printableWithout("&<>");
 /// Writes a value, one call operator a type; each is false when the form cannot hold the value.
 class Writer {
  public:
-  bool write(const PropertyListValue& value) { return std::visit(*this, value.storage()); }
+  bool write(const PropertyListValue& value) {
+    if (nodesLeft_ == 0) return false;
+    --nodesLeft_;
+    return std::visit(*this, value.storage());
+  }
   std::string take() { return std::move(out_); }
 
   bool operator()(Null) { return false; }
@@ -39,7 +44,9 @@ class Writer {
   bool operator()(double value) { return element("<real>", textFromReal(value), "</real>\n"); }
   bool operator()(const std::string& text) { return textElement("<string>", text, "</string>\n"); }
   bool operator()(Date date) {
-    return isInRange(date) && element("<date>", textFromDate(date), "</date>\n");
+    const bool isWhole =
+        std::trunc(date.secondsSinceReferenceDate) == date.secondsSinceReferenceDate;
+    return isInRange(date) && isWhole && element("<date>", textFromDate(date), "</date>\n");
   }
   bool operator()(const Data& data) {
     line("<data>");
@@ -135,6 +142,7 @@ class Writer {
 
   std::string out_{kHeader};
   std::size_t depth_ = 0;
+  std::size_t nodesLeft_ = PropertyListSerialization::kMaximumNodes;
 };
 
 }  // namespace

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "GeneratedPropertyLists.h"
+#include "linux/BinaryPropertyListReader.h"
+#include "linux/BinaryPropertyListWriter.h"
 #include "linux/LinuxPropertyListSerialization.h"
 
 namespace frelta {
@@ -48,6 +50,18 @@ TEST(PropertyListRoundTrip, AThousandGeneratedValuesReadAsTheyWereWritten) {
   }
 }
 
+TEST(PropertyListRoundTrip, AThousandGeneratedValuesReadTheSameInTheBinaryForm) {
+  GeneratedPropertyLists generated(3);
+
+  for (int i = 0; i < 1'000; ++i) {
+    const PropertyListValue value = generated.next();
+    const std::optional<std::string> document = writeBinaryPropertyList(value);
+
+    ASSERT_TRUE(document) << i;
+    ASSERT_EQ(readBinaryPropertyList(*document), value) << i;
+  }
+}
+
 TEST(PropertyListRoundTrip, GeneratedValuesHoldEveryType) {
   GeneratedPropertyLists generated(1);
   std::string all;
@@ -61,7 +75,7 @@ TEST(PropertyListRoundTrip, GeneratedValuesHoldEveryType) {
     EXPECT_NE(all.find(tag), std::string::npos) << tag;
 }
 
-TEST(PropertyListRoundTrip, PythonReadsWhatIsWrittenAndItsBinaryFormReadsTheSame) {
+TEST(PropertyListRoundTrip, PythonReadsBothFormsThatAreWrittenAndItsBinaryFormReadsTheSame) {
   if (!fs::exists("/usr/bin/python3")) GTEST_SKIP() << "NOT TESTED: there is no /usr/bin/python3";
   constexpr int kCount = 300;
   const LinuxPropertyListSerialization propertyLists;
@@ -70,8 +84,10 @@ TEST(PropertyListRoundTrip, PythonReadsWhatIsWrittenAndItsBinaryFormReadsTheSame
   std::vector<PropertyListValue> values;
   for (int i = 0; i < kCount; ++i) {
     values.push_back(generated.next());
+    const auto document = i % 2 == 0 ? propertyLists.dataWithPropertyList(values.back())
+                                     : writeBinaryPropertyList(values.back());
     std::ofstream(folder.path() / (std::to_string(i) + ".plist"), std::ios::binary)
-        << propertyLists.dataWithPropertyList(values.back()).value();
+        << document.value();
   }
   std::ofstream(folder.path() / "convert.py") << R"(
 import pathlib, plistlib, sys

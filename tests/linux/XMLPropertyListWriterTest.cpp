@@ -76,11 +76,11 @@ TEST(XMLPropertyListWriter, WritesRealsShortestAndIntegersWhole) {
             "<integer>-9223372036854775808</integer>\n");
 }
 
-TEST(XMLPropertyListWriter, WritesDatesInWholeSecondsTowardsThePast) {
-  EXPECT_EQ(body(Date{0.9}), "<date>2001-01-01T00:00:00Z</date>\n");
-  EXPECT_EQ(body(Date{-0.5}), "<date>2000-12-31T23:59:59Z</date>\n");
+TEST(XMLPropertyListWriter, WritesDatesOfTheYearsOneToNineThousand) {
+  EXPECT_EQ(body(Date{0}), "<date>2001-01-01T00:00:00Z</date>\n");
+  EXPECT_EQ(body(Date{-1}), "<date>2000-12-31T23:59:59Z</date>\n");
   EXPECT_EQ(body(Date{-63113904000.0}), "<date>0001-01-01T00:00:00Z</date>\n");
-  EXPECT_EQ(body(Date{252423993599.5}), "<date>9999-12-31T23:59:59Z</date>\n");
+  EXPECT_EQ(body(Date{252423993599.0}), "<date>9999-12-31T23:59:59Z</date>\n");
 }
 
 TEST(XMLPropertyListWriter, BreaksDataIntoLines) {
@@ -92,6 +92,8 @@ TEST(XMLPropertyListWriter, BreaksDataIntoLines) {
 TEST(XMLPropertyListWriter, RefusesWhatTheFormCannotHold) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   const std::vector<PropertyListValue> values = {Null(),
+                                                 Date{0.5},
+                                                 Date{-0.5},
                                                  Date{-63113904001.0},
                                                  Date{252423993600.0},
                                                  Date{kInfinity},
