@@ -215,6 +215,24 @@ TEST_F(AtomicWrite, LeavesALiveWritersFileAloneAndWritesBesideIt) {
   EXPECT_EQ(device.get("/a/other"), "being written");
 }
 
+TEST_F(AtomicWrite, SweepsOfOthersBetweenAnyTwoOfItsSystemCallsDoNotHurtIt) {
+  LinuxFileManager files(device.root());
+  int sweeps = 0;
+
+  const auto status = waitStatusOfSteppedChild(
+      [&] { return LinuxFileManager(device.root()).writeAtomically("/a/file", kNew) ? 0 : 1; },
+      [&](pid_t, int) {
+        files.sweepDirectoryAtPath("/a");
+        ++sweeps;
+      });
+
+  if (!status) GTEST_SKIP() << "NOT TESTED: this system does not allow ptrace";
+  EXPECT_TRUE(isExit(*status, 0));
+  EXPECT_EQ(device.get("/a/file"), kNew);
+  EXPECT_THAT(names(), UnorderedElementsAre("file"));
+  EXPECT_GT(sweeps, 20);
+}
+
 TEST_F(AtomicWrite, WaitsForNoLockThatSomebodyHoldsOnTheFolderOrTheFile) {
   LinuxFileManager files(device.root());
   const FileDescriptor folder(::open(device.host("/a").c_str(), O_RDONLY | O_CLOEXEC));
