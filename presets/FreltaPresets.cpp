@@ -47,8 +47,8 @@ bool FreltaPresets::presetWithNameExists(std::string_view name) {
 void FreltaPresets::savePresetWithName(std::optional<std::string> name) {
   if (!name) name = uuidString(*Platform::current().random);
   const std::string path = presetPathForName(*name);
-  savePreset(path);
-  applyPreset(path);
+  // What was not saved is not applied: an older preset of that name would take the settings' place.
+  if (savePreset(path)) applyPreset(path);
   loadPresets();
 }
 
@@ -182,13 +182,17 @@ bool FreltaPresets::canEditRowAtIndexPath(UITableView&, IndexPath) {
 
 UITableViewRowActions FreltaPresets::editActionsForRowAtIndexPath(UITableView&, IndexPath path) {
   using Action = UITableViewRowAction;
-  const auto remove = Action::rowActionWithStyle(
-      UITableViewRowActionStyle::Normal, "Delete",
-      [this](Action&, IndexPath pressed) { confirmDeleting(pathAt(pressed)); });
+  const auto remove = Action::rowActionWithStyle(UITableViewRowActionStyle::Normal, "Delete",
+                                                 [screen = weakSelf()](Action&, IndexPath pressed) {
+                                                   if (const auto self = screen.lock())
+                                                     self->confirmDeleting(self->pathAt(pressed));
+                                                 });
   remove->setBackgroundColor(UIColor::systemRedColor());
-  const auto share = Action::rowActionWithStyle(
-      UITableViewRowActionStyle::Normal, "Share",
-      [this, preset = pathAt(path)](Action&, IndexPath) { sharePreset(preset); });
+  const auto share =
+      Action::rowActionWithStyle(UITableViewRowActionStyle::Normal, "Share",
+                                 [screen = weakSelf(), preset = pathAt(path)](Action&, IndexPath) {
+                                   if (const auto self = screen.lock()) self->sharePreset(preset);
+                                 });
   share->setBackgroundColor(UIColor::colorWithRed(0.0, 0.48, 1.0, 1.0));
   return {remove, share};
 }

@@ -32,14 +32,6 @@ std::optional<Dictionary> presetUnder(const Dictionary& settings) {
   return path && path->string() ? dictionaryWithContentsOfFile(*path->string()) : std::nullopt;
 }
 
-void moveSettingsToBackup() {
-  const std::string backup = std::string(kSettingsPath) + ".bak";
-  if (!files().fileExistsAtPath(kSettingsPath)) return;
-  if (files().fileExistsAtPath(backup)) files().removeItemAtPath(backup);
-  files().copyItemAtPath(kSettingsPath, backup);
-  files().removeItemAtPath(kSettingsPath);
-}
-
 }  // namespace
 
 std::vector<std::string> presetPaths() {
@@ -62,26 +54,28 @@ void removePreset(std::string_view path) {
   files().removeItemAtPath(path);
 }
 
-void savePreset(std::string_view path) {
+bool savePreset(std::string_view path) {
   Dictionary preset = settingsOnDisk();
   // The settings are laid over the preset: keys that they have already stay.
   if (auto under = presetUnder(preset)) preset.merge(*under);
   // No preset names another one, nor does one whose own could not be read.
   remove(preset, kCurrentPreset);
   for (const std::string_view key : kAppearanceKeys) remove(preset, key);
-  if (presetExistsAtPath(path)) removePreset(path);
-  writePropertyListToFile(std::move(preset), path);
+  const auto bytes = Platform::current().propertyLists->dataWithPropertyList(std::move(preset));
+  if (!bytes) return false;
+  // A file goes when the new one is whole; a folder would not.
+  if (files().directoryExistsAtPath(path)) removePreset(path);
+  return files().writeAtomically(path, *bytes);
 }
 
 void applyPreset(std::string_view path) {
   if (!presetExistsAtPath(path)) return;
   Dictionary before = settingsOnDisk();
-  moveSettingsToBackup();
   Dictionary settings{{std::string(kCurrentPreset), path}};
   for (const std::string_view key : kAppearanceKeys) {
     if (auto kept = before.extract(std::string(key))) settings.insert(std::move(kept));
   }
-  writeSettings(settings);
+  writeSettingsWithBackup(settings, std::string(kSettingsPath) + ".bak");
   FreltaPreferencesManager::clearCache();
   postRefreshNotification();
 }

@@ -7,7 +7,7 @@
 namespace frelta {
 
 /// The preset files, and the settings file as saving and applying change it. Paths are device
-/// paths. Nothing here reports failure: the files then stay as they are. Main thread only.
+/// paths. No failure loses what is stored: the files then stay as they are. Main thread only.
 
 /// The preset files in the order in which the folder lists them, after making the folder where
 /// there is none.
@@ -18,12 +18,14 @@ bool presetExistsAtPath(std::string_view path);
 void removePreset(std::string_view path);
 
 /// Writes the settings, over those of the preset in force, to the file in place of what was there.
-/// What says which preset is in force is left out.
-void savePreset(std::string_view path);
+/// What says which preset is in force is left out. False when that failed; a preset that was there
+/// is then untouched.
+bool savePreset(std::string_view path);
 
 /// Leaves nothing in the settings file but the preset's path and the choice for light and dark
 /// appearance; the file as it was goes to its path with ".bak" appended. Then drops the preferences
-/// manager's cache and posts the refresh notification. Does nothing when no file has the path.
+/// manager's cache and posts the refresh notification, also when the file could not be written and
+/// is as it was. Does nothing when no file has the path.
 void applyPreset(std::string_view path);
 
 }  // namespace frelta

@@ -8,6 +8,10 @@ bool FailingFiles::admit(Operation operation, std::string_view path) const {
   const Call call{operation, std::string(path)};
   calls_.push_back(call);
   if (failing_.contains(operation)) return false;
+  if (changesLeft_ && isChange(operation)) {
+    if (*changesLeft_ == 0) return false;
+    --*changesLeft_;
+  }
   if (beforeCall) beforeCall(call);
   return true;
 }

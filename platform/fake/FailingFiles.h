@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@ namespace frelta {
 /// Passes every operation on to another file manager, counts it, and makes it fail on demand.
 class FailingFiles : public FileManager {
  public:
+  /// Those that change files come last.
   enum class Operation {
     FileExists,
     DirectoryExists,
@@ -47,6 +49,8 @@ class FailingFiles : public FileManager {
   /// From now on the operation fails without reaching the other file manager.
   void fail(Operation operation) { failing_.insert(operation); }
   void succeed(Operation operation) { failing_.erase(operation); }
+  /// From now on only that many operations that change files get through; all that follow fail.
+  void allowChanges(std::size_t count) { changesLeft_ = count; }
   /// Runs just before each operation is passed on; lets a test change the files in between.
   std::function<void(const Call&)> beforeCall;
 
@@ -56,12 +60,14 @@ class FailingFiles : public FileManager {
   std::size_t count(Operation operation) const;
   std::size_t count(Operation operation, std::string_view path) const;
   void resetCalls() { calls_.clear(); }
+  static bool isChange(Operation operation) { return operation >= Operation::CreateDirectory; }
 
  private:
   bool admit(Operation operation, std::string_view path) const;
 
   FileManager& next_;
   std::set<Operation> failing_;
+  mutable std::optional<std::size_t> changesLeft_;  // none: as many as wanted
   mutable std::vector<Call> calls_;
 };
 

@@ -15,6 +15,8 @@ class FakeDarwinNotificationCenter : public DarwinNotificationCenter {
  public:
   void post(std::string_view name) override;
   std::vector<std::string> posted;
+  /// Runs at each post; lets a test look around as a process that listens would.
+  std::function<void(std::string_view name)> whenPosted;
 };
 
 /// Records the lines, in order.

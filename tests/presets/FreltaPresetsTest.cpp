@@ -120,6 +120,22 @@ TEST_F(FreltaPresetsScreen, ATapInAVariantStoresThePathTicksTheRowAndTellsOnce) 
   EXPECT_EQ(screen->tableView().indexPathForSelectedRow(), std::nullopt);
 }
 
+TEST_F(FreltaPresetsScreen, ATapInAVariantTellsWhenThePathIsStoredAndTheRowTicked) {
+  putPreset("A", {});
+  show<FreltaPresetsLightMode>();
+  std::vector<std::string> ticked;
+  std::optional<PropertyListValue> stored;
+  platform.notifications.whenPosted = [&](std::string_view) {
+    stored = pref("FreltaPresetsLightMode");
+    ticked = tickedNames();
+  };
+
+  tapRow(0);
+
+  EXPECT_EQ(stored, PropertyListValue(kPresetA));
+  EXPECT_THAT(ticked, ElementsAre("A"));
+}
+
 TEST_F(FreltaPresetsScreen, ATapInTheDarkVariantStoresAPathWhoseFileIsGoneToo) {
   putPreset("A", {});
   show<FreltaPresetsDarkMode>();
@@ -212,6 +228,22 @@ TEST_F(FreltaPresetsScreen, DeletingMeansTheRowWhereTheActionIsPressed) {
   EXPECT_THAT(folder(), ElementsAre("A.plist"));
 }
 
+TEST_F(FreltaPresetsScreen, RowActionsThatOutliveItDoNothing) {
+  putPreset("A", {});
+  show();
+  const auto actions = screen->tableView().rowActionsForRowAtIndexPath({0, 0});
+  const std::weak_ptr<FreltaPresets> left = screen;
+  screen.reset();
+  navigation->popViewControllerAnimated(false);
+  ASSERT_TRUE(left.expired());
+
+  for (const auto& action : actions) action->perform({0, 0});
+  platform.mainQueue.runPending();
+
+  EXPECT_EQ(alert(), nullptr);
+  EXPECT_THAT(folder(), ElementsAre("A.plist"));
+}
+
 TEST_F(FreltaPresetsScreen, SharingMeansTheRowWhoseActionsTheyWere) {
   putPreset("A", {});
   putPreset("B", {});
@@ -291,12 +323,10 @@ TEST_F(FreltaPresetsScreen, SavingGoesThroughItsStepsInOrder) {
 
   shown.savePresetWithName("A");
 
-  EXPECT_THAT(
-      steps,
-      ElementsAre(Pair(Operation::Remove, kPresetA), Pair(Operation::Write, kPresetA),
-                  Pair(Operation::Remove, kBackupPath), Pair(Operation::Copy, kSettingsPath),
-                  Pair(Operation::Remove, kSettingsPath), Pair(Operation::Write, kSettingsPath),
-                  Pair(Operation::Contents, kPresetsFolder)));
+  EXPECT_THAT(steps,
+              ElementsAre(Pair(Operation::Write, kPresetA), Pair(Operation::Copy, kSettingsPath),
+                          Pair(Operation::Write, kSettingsPath),
+                          Pair(Operation::Contents, kPresetsFolder)));
 }
 
 TEST_F(FreltaPresetsScreen, TakesWhatTheFrameworkTellsEveryControllerAndDoesNothing) {

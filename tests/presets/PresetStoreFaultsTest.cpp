@@ -37,7 +37,7 @@ TEST_F(PresetStoreFaults, AFileInPlaceOfTheFolderStaysAndHoldsNothing) {
   EXPECT_EQ(alert(), nullptr);
 }
 
-TEST_F(PresetStoreFaults, AWriteThatFailsLeavesNoPresetAndAppliesNothing) {
+TEST_F(PresetStoreFaults, AWriteThatFailsLeavesThePresetThatWasThereAndAppliesNothing) {
   putPreset("A", {{"Old", 1}});
   putSettings({{"HideKeyCaps", 0}});
   FreltaPresets& shown = show();
@@ -45,8 +45,8 @@ TEST_F(PresetStoreFaults, AWriteThatFailsLeavesNoPresetAndAppliesNothing) {
 
   shown.savePresetWithName("A");
 
-  EXPECT_THAT(folder(), IsEmpty()) << "what was there had been removed first";
-  EXPECT_THAT(shown.presetsArray(), IsEmpty());
+  EXPECT_EQ(presetFile("A"), (Dictionary{{"Old", 1}}));
+  EXPECT_THAT(shown.presetsArray(), ElementsAre(kPresetA));
   EXPECT_EQ(settingsFile(), (Dictionary{{"HideKeyCaps", 0}}));
   EXPECT_THAT(platform.notifications.posted, IsEmpty());
   EXPECT_EQ(alert(), nullptr);
@@ -54,17 +54,16 @@ TEST_F(PresetStoreFaults, AWriteThatFailsLeavesNoPresetAndAppliesNothing) {
 
 TEST_F(PresetStoreFaults, ApplyingGoesOnWhenTheBackupCannotBeMade) {
   putPreset("A", {});
-  for (const Operation operation : {Operation::Copy, Operation::Remove}) {
-    putSettings({{"HideKeyCaps", 0}, {"SwitchPresetsWithDarkMode", 1}});
-    platform.files.fail(operation);
+  platform.put(kBackupPath, "an older one");
+  putSettings({{"HideKeyCaps", 0}, {"SwitchPresetsWithDarkMode", 1}});
+  platform.files.fail(Operation::Copy);
 
-    applyPreset(kPresetA);
+  applyPreset(kPresetA);
 
-    EXPECT_EQ(settingsFile(),
-              (Dictionary{{"CurrentPreset", kPresetA}, {"SwitchPresetsWithDarkMode", 1}}));
-    platform.files.succeed(operation);
-  }
-  EXPECT_THAT(platform.notifications.posted, ElementsAre(kRefresh, kRefresh));
+  EXPECT_EQ(settingsFile(),
+            (Dictionary{{"CurrentPreset", kPresetA}, {"SwitchPresetsWithDarkMode", 1}}));
+  EXPECT_EQ(platform.get(kBackupPath), "an older one");
+  EXPECT_THAT(platform.notifications.posted, ElementsAre(kRefresh));
 }
 
 TEST_F(PresetStoreFaults, APresetThatCannotBeRemovedIsStillListed) {

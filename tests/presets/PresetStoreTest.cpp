@@ -101,8 +101,17 @@ TEST_F(PresetStore, SavingReplacesAPresetOfThatName) {
   savePreset(kPresetA);
 
   EXPECT_EQ(presetFile("A"), (Dictionary{{"HideKeyCaps", 0}}));
-  EXPECT_EQ(platform.files.count(Operation::Remove, kPresetA), 1u);
+  EXPECT_EQ(platform.files.count(Operation::Remove), 0u);
   EXPECT_EQ(writes(), 1u);
+}
+
+TEST_F(PresetStore, SavingReplacesAFolderOfThatName) {
+  platform.put(pathOf("A") + "/file", "x");
+  putSettings({{"HideKeyCaps", 0}});
+
+  savePreset(kPresetA);
+
+  EXPECT_EQ(presetFile("A"), (Dictionary{{"HideKeyCaps", 0}}));
 }
 
 TEST_F(PresetStore, SavingWritesAPropertyListInXML) {
@@ -195,10 +204,34 @@ TEST_F(PresetStore, ApplyingGoesThroughItsStepsInOrder) {
 
   applyPreset(kPresetA);
 
-  EXPECT_THAT(changes, ElementsAre(std::pair(Operation::Remove, kBackupPath),
-                                   std::pair(Operation::Copy, std::string(kSettingsPath)),
-                                   std::pair(Operation::Remove, std::string(kSettingsPath)),
+  EXPECT_THAT(changes, ElementsAre(std::pair(Operation::Copy, std::string(kSettingsPath)),
                                    std::pair(Operation::Write, std::string(kSettingsPath))));
+}
+
+TEST_F(PresetStore, ABackupTakesThePlaceOfAFolder) {
+  putPreset("A", {});
+  platform.put(kBackupPath + "/file", "x");
+  putSettings({{"HideKeyCaps", 0}});
+  const std::string before = platform.get(kSettingsPath);
+
+  applyPreset(kPresetA);
+
+  EXPECT_EQ(platform.get(kBackupPath), before);
+}
+
+TEST_F(PresetStore, ApplyingTellsWhenTheSettingsAreWrittenAndTheCacheIsDropped) {
+  putPreset("A", {{"HideKeyCaps", 0}});
+  putSettings({{"HideKeyCaps", 1}});
+  pref("HideKeyCaps");
+  std::vector<std::optional<PropertyListValue>> seen;
+  platform.notifications.whenPosted = [&](std::string_view) {
+    seen.push_back(pref("CurrentPreset"));
+    seen.push_back(pref("HideKeyCaps"));
+  };
+
+  applyPreset(kPresetA);
+
+  EXPECT_THAT(seen, ElementsAre(PropertyListValue(kPresetA), PropertyListValue(0)));
 }
 
 TEST_F(PresetStore, ApplyingAPresetThatIsGoneDoesNothing) {

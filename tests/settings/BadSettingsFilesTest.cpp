@@ -58,12 +58,14 @@ TEST_P(UnreadableSettings, ReadAsTheDefaults) {
   EXPECT_FALSE(FreltaPreferencesManager::updateForDarkMode());
 }
 
-TEST_P(UnreadableSettings, AreReplacedByTheNextWrite) {
-  platform.put(kSettingsPath, GetParam().bytes());
+TEST_P(UnreadableSettings, AreReplacedByTheNextWriteAndKeptBeside) {
+  const std::string bytes = GetParam().bytes();
+  platform.put(kSettingsPath, bytes);
 
   writeSetting("HideKeyCaps", 0);
 
   EXPECT_EQ(settingsFile(), (Dictionary{{"HideKeyCaps", 0}}));
+  EXPECT_TRUE(platform.get(std::string(kSettingsPath) + ".unreadable") == bytes);
 }
 
 TEST_P(UnreadableSettings, LeaveNoPresetWhenTheyAreOne) {

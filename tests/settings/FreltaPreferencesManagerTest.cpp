@@ -268,7 +268,6 @@ TEST_F(PreferencesManager, SavePrefsReplacesTheWholeFileInOneWrite) {
   EXPECT_EQ(settingsFile(), (Dictionary{{"BackgroundMode", 2}}));
   EXPECT_EQ(platform.files.count(Operation::Write, kSettingsPath), 1u);
   EXPECT_EQ(writes(), 1u);
-  EXPECT_EQ(readsOf(kSettingsPath), 0u);
 }
 
 TEST_F(PreferencesManager, SavePrefsLeavesTheCache) {

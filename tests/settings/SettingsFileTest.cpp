@@ -12,7 +12,11 @@
 namespace frelta {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
+
+const std::string kUnreadablePath = std::string(kSettingsPath) + ".unreadable";
 
 class SettingsFile : public SettingsTest {};
 
@@ -181,7 +185,134 @@ TEST_F(SettingsFile, OldKeysGoWhenTheWholeFileIsReplaced) {
   writeSettings({{"CurrentPreset", std::string(kPresetA)}});
 
   EXPECT_EQ(settingsFile(), (Dictionary{{"CurrentPreset", std::string(kPresetA)}}));
-  EXPECT_EQ(readsOf(kSettingsPath), 0u);
+  EXPECT_EQ(writes(), 1u);
+}
+
+TEST_F(SettingsFile, EveryWriteTellsWhetherItSucceeded) {
+  const bool first = writeSetting("Enabled", 1);
+  const bool second = writeSettings({{"Enabled", 0}});
+  platform.files.fail(Operation::Write);
+
+  EXPECT_TRUE(first);
+  EXPECT_TRUE(second);
+  EXPECT_FALSE(writeSetting("Enabled", 1));
+  EXPECT_FALSE(writeSettings({}));
+  EXPECT_FALSE(writeSettingsWithBackup({}, "/var/mobile/Library/Preferences/backup"));
+  EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+}
+
+TEST_F(SettingsFile, AValueThatXMLCannotCarryFreezesNothing) {
+  putSettings({{"x", "\x01"}, {"Enabled", 1}});
+
+  writeSetting("Enabled", 0);
+  writeSetting("HideKeyCaps", "\uFFFF");
+
+  EXPECT_EQ(settingsFile(), (Dictionary{{"x", "\x01"}, {"Enabled", 0}, {"HideKeyCaps", "\uFFFF"}}));
+  EXPECT_THAT(platform.log.lines, IsEmpty());
+}
+
+TEST_F(SettingsFile, SettingsThatCannotBeStoredTouchNoFileAndAreLogged) {
+  putSettings({{"Enabled", 1}});
+  platform.put(kUnreadablePath, "x");
+  const std::string before = platform.get(kSettingsPath);
+  platform.files.resetCalls();
+
+  const bool isWritten =
+      writeSettingsWithBackup({{"CurrentPreset", "caf\xE9.plist"}}, std::string(kPresetA));
+
+  EXPECT_FALSE(isWritten);
+  EXPECT_THAT(platform.files.calls(),
+              testing::Each(testing::Field(&FailingFiles::Call::operation, Operation::Read)));
+  EXPECT_EQ(platform.get(kSettingsPath), before);
+  EXPECT_THAT(platform.log.lines,
+              ElementsAre("[Frelta] writeSettings has a value that cannot be stored"));
+}
+
+using UnreadableSettingsFile = SettingsFile;
+
+TEST_F(UnreadableSettingsFile, IsKeptBesideByEveryWriter) {
+  const std::vector<std::function<void()>> writers = {
+      [] { writeSetting("Enabled", 0); },
+      [] {
+        writeSettings({{"Enabled", 0}});
+      },
+      [] {
+        writeSettingsWithBackup({{"Enabled", 0}}, std::string(kPresetB));
+      },
+      [] {
+        FreltaPreferencesManager::savePrefs({{"Enabled", 0}});
+      }};
+  for (const auto& write : writers) {
+    platform.log.lines.clear();
+    std::filesystem::remove(platform.hostPath(kUnreadablePath));
+    platform.put(kSettingsPath, "forty settings, cut sho");
+
+    write();
+
+    EXPECT_EQ(platform.get(kUnreadablePath), "forty settings, cut sho");
+    EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+    EXPECT_THAT(platform.log.lines,
+                ElementsAre("[Frelta] writeSettings cannot read the settings file; it is kept as " +
+                            kUnreadablePath));
+  }
+}
+
+TEST_F(UnreadableSettingsFile, OneThatIsNoLongerGivesWayToTheOneThatIsKept) {
+  for (const char* later : {"later", "as long"}) {
+    platform.log.lines.clear();
+    platform.put(kUnreadablePath, "as first");
+    platform.put(kSettingsPath, std::string(later) + "!");
+
+    const bool isWritten = writeSetting("Enabled", 0);
+
+    EXPECT_TRUE(isWritten);
+    EXPECT_EQ(platform.get(kUnreadablePath), "as first");
+    EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+    EXPECT_THAT(platform.log.lines, SizeIs(1));
+  }
+}
+
+TEST_F(UnreadableSettingsFile, ALongerOneIsKeptInPlaceOfAShorter) {
+  platform.put(kUnreadablePath, "short");
+  platform.put(kSettingsPath, "longer");
+
+  writeSetting("Enabled", 0);
+
+  EXPECT_EQ(platform.get(kUnreadablePath), "longer");
+}
+
+TEST_F(UnreadableSettingsFile, StaysWhenItCannotBeKept) {
+  platform.put(kSettingsPath, "forty settings");
+  platform.files.fail(Operation::Copy);
+
+  const bool isWritten = writeSetting("Enabled", 0);
+
+  EXPECT_FALSE(isWritten);
+  EXPECT_EQ(platform.get(kSettingsPath), "forty settings");
+  EXPECT_EQ(writes(), 0u);
+  EXPECT_THAT(
+      platform.log.lines,
+      ElementsAre("[Frelta] writeSettings cannot read the settings file; it cannot be kept as " +
+                  kUnreadablePath + " and is not replaced"));
+}
+
+TEST_F(UnreadableSettingsFile, WithoutAByteInItHasNothingToKeep) {
+  platform.put(kSettingsPath, "");
+
+  writeSetting("Enabled", 0);
+
+  EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+  EXPECT_FALSE(std::filesystem::exists(platform.hostPath(kUnreadablePath)));
+  EXPECT_THAT(platform.log.lines, IsEmpty());
+}
+
+TEST_F(SettingsFile, OneThatCanBeReadOrIsMissingIsNotKeptBeside) {
+  writeSetting("Enabled", 0);
+  writeSetting("Enabled", 1);
+  writeSettings({});
+
+  EXPECT_EQ(platform.files.count(Operation::Copy), 0u);
+  EXPECT_THAT(platform.log.lines, IsEmpty());
 }
 
 TEST_F(SettingsFile, ReadsAsEmptyWhenMissing) {
