@@ -135,7 +135,7 @@ Shows the pages and writes the settings under a device root.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.</source>
+        <source>It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -136,8 +136,8 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
         <translation>Die Datei ist größer als %1 MB.</translation>
     </message>
     <message>
-        <source>It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.</source>
-        <translation>Es ist kein PNG-, JPEG- oder GIF-Bild, ist beschädigt oder hat mehr als %1 Millionen Pixel.</translation>
+        <source>It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels.</source>
+        <translation>Es ist kein PNG-, JPEG- oder GIF-Bild, ist beschädigt oder hat zu viele Pixel.</translation>
     </message>
 </context>
 <context>

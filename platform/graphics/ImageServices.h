@@ -14,8 +14,10 @@ namespace frelta {
 /// Makes, reads and writes pictures. Needs no display. Safe on hostile input.
 class ImageServices {
  public:
-  /// Pixels of a picture that is read, or of a canvas.
+  /// Pixels of a canvas.
   static constexpr std::uint64_t kMaximumPixels = std::uint64_t{32} << 20;
+  /// Pixels along a side of a picture that was read: more than a screen shows.
+  static constexpr int kMaximumSide = 4096;
   /// Bytes of a picture's file.
   static constexpr std::uint64_t kMaximumBytes = std::uint64_t{64} << 20;
 
@@ -28,8 +30,10 @@ class ImageServices {
                                                                     double scale) const = 0;
 
   /// The picture in the bytes of a PNG, JPEG or GIF file, at scale 1, the first one of several.
-  /// Null when there is none that can be decoded, or it has more than kMaximumPixels: that is told
-  /// before memory is taken for them.
+  /// Its colours are brought to sRGB, the camera's orientation is applied, and one with a side longer
+  /// than kMaximumSide is shrunk to a half, a quarter and so on. Null when not all of its pixels are
+  /// there, when it is too large or would take too long, all of which is told before much memory is
+  /// taken, or when there is no memory. It may take half a gigabyte for a moment.
   virtual std::shared_ptr<const UIImage> imageWithData(std::string_view bytes) const = 0;
 
   /// A PNG file's bytes. Nothing for an image without content.

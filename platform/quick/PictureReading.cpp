@@ -33,9 +33,7 @@ PicturePickerService::Result readPicture(const QString& path) {
   // It is to be stored as one, by the main thread.
   if (picture) return {picture->imageWithPNGRepresentation(), {}};
   return failure(
-      QObject::tr(
-          "It is no PNG, JPEG or GIF picture, is damaged, or has more than %1 million pixels.")
-          .arg(ImageServices::kMaximumPixels / 1'000'000));
+      QObject::tr("It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels."));
 }
 
 }  // namespace frelta
