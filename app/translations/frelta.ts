@@ -138,6 +138,10 @@ Shows the pages and writes the settings under a device root.</source>
         <source>It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>There is not enough memory for the picture.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>RefusalTexts</name>

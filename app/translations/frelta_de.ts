@@ -139,6 +139,10 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
         <source>It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels.</source>
         <translation>Es ist kein PNG-, JPEG- oder GIF-Bild, ist beschädigt oder hat zu viele Pixel.</translation>
     </message>
+    <message>
+        <source>There is not enough memory for the picture.</source>
+        <translation>Für das Bild reicht der Speicher nicht.</translation>
+    </message>
 </context>
 <context>
     <name>RefusalTexts</name>

@@ -201,20 +201,41 @@ class PNGGate {
   /// Leaves nothing of the compressed bytes but what makes the pixels. False when they do not
   /// suffice.
   bool cutAfter(std::uint64_t pixelBytes) {
-    // libpng takes the last pixels from its decompressor only while that has bytes left.
-    constexpr std::size_t kBytesLeft = 8;
     if (pixels_.size() > kMaximumSide) return false;
     const auto inflation = std::make_unique<Inflation>(pixels_);
-    while (pixelBytes > 0) {
-      const std::string_view piece = inflation->next(pixelBytes);
+    for (std::uint64_t left = pixelBytes; left > 0;) {
+      const std::string_view piece = inflation->next(left);
       if (piece.empty()) return false;
-      pixelBytes -= piece.size();
+      left -= piece.size();
     }
-    // The stream's own end, if it comes at once.
-    inflation->next(1);
-    pixels_.resize(inflation->taken());
-    if (!inflation->isWhole()) pixels_.append(kBytesLeft, '\0');
+    // The stream's own end, if it comes at once. libpng takes no pixels of a stream without one.
+    if (inflation->next(1).empty() && inflation->isWhole())
+      pixels_.resize(inflation->taken());
+    else
+      pixels_ = packedAgain(pixelBytes);
     return true;
+  }
+
+  std::string packedAgain(std::uint64_t pixelBytes) const {
+    const auto inflation = std::make_unique<Inflation>(pixels_);
+    const auto piece = std::make_unique<std::array<char, 65536>>();
+    std::string packed;
+    z_stream stream{};
+    if (deflateInit(&stream, Z_BEST_SPEED) != Z_OK) return packed;
+    while (pixelBytes > 0) {
+      const std::string_view bytes = inflation->next(pixelBytes);
+      pixelBytes -= bytes.size();
+      stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+      stream.avail_in = static_cast<uInt>(bytes.size());
+      do {
+        stream.next_out = reinterpret_cast<Bytef*>(piece->data());
+        stream.avail_out = static_cast<uInt>(piece->size());
+        deflate(&stream, pixelBytes == 0 ? Z_FINISH : Z_NO_FLUSH);
+        packed.append(piece->data(), piece->size() - stream.avail_out);
+      } while (stream.avail_out == 0);
+    }
+    deflateEnd(&stream);
+    return packed;
   }
 
   GatedPicture picture() {

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <exception>
 #include <string_view>
 
 #include "graphics/GraphicsServices.h"
@@ -16,7 +17,7 @@ PicturePickerService::Result failure(const QString& sentence) {
 
 }  // namespace
 
-PicturePickerService::Result readPicture(const QString& path) {
+PicturePickerService::Result readPicture(const QString& path) try {
   // Opening a pipe or a device could wait for ever.
   if (!QFileInfo(path).isFile()) {
     return failure(QObject::tr("There is no file of that name, or it is not an ordinary one."));
@@ -34,6 +35,9 @@ PicturePickerService::Result readPicture(const QString& path) {
   if (picture) return {picture->imageWithPNGRepresentation(), {}};
   return failure(
       QObject::tr("It is no PNG, JPEG or GIF picture, is damaged, or has too many pixels."));
+} catch (const std::exception&) {
+  // What leaves a thread's body ends the program.
+  return failure(QObject::tr("There is not enough memory for the picture."));
 }
 
 }  // namespace frelta

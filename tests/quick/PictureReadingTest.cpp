@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
+#include <new>
 
 #include "foundation/Base64.h"
 #include "graphics/GraphicsServices.h"
@@ -27,7 +28,12 @@ class CountedImages : public QtImageServices {
     ++encodings;
     return QtImageServices::pngRepresentation(image);
   }
+  std::shared_ptr<const UIImage> imageWithData(std::string_view bytes) const override {
+    if (lacksMemory) throw std::bad_alloc();
+    return QtImageServices::imageWithData(bytes);
+  }
   mutable int encodings = 0;
+  bool lacksMemory = false;
 };
 
 /// Files of the host, read the way the picker reads them.
@@ -102,6 +108,15 @@ TEST_F(PictureReading, SaysWhyOfAFileThatIsNoPictureOrTooLarge) {
     EXPECT_THAT(result.failure, HasSubstr("has too many pixels"));
   }
   EXPECT_EQ(images.encodings, 0);
+}
+
+TEST_F(PictureReading, SaysWhyWhenThereIsNoMemory) {
+  images.lacksMemory = true;
+
+  const auto result = resultFor(fileOf(redAndBlue(), "png"));
+
+  EXPECT_FALSE(result.picture);
+  EXPECT_THAT(result.failure, HasSubstr("not enough memory"));
 }
 
 TEST_F(PictureReading, LeavesNothingToEncodeToTheMainThread) {
