@@ -11,12 +11,55 @@
 
 namespace frelta {
 
+namespace {
+
+void storePicture(const UIImage& picture) {
+  FileManager& files = *Platform::current().fileManager;
+  files.createDirectoryAtPath(kUserImagesFolder);
+  if (const auto png = UIImagePNGRepresentation(picture)) {
+    files.writeAtomically(kBackgroundImagePath, *png);
+    keepPreview(*png, picture);
+  }
+  writeSetting("backgroundImage", std::string(kBackgroundImagePath));
+}
+
+/// What is done with every pick, whether the cell that asked for it is still there or not.
+void takePick(UIImagePickerController& picker, const UIImagePickerControllerInfo& info) {
+  const auto image = info.find(std::string(UIImagePickerControllerOriginalImage));
+  if (image != info.end() && image->second) storePicture(*image->second);
+  postRefreshNotification();
+  picker.dismissViewControllerAnimated(false);
+}
+
+/// Shows the picture that is stored in the row that the page has now.
+void showPictureOnRootPage() {
+  const auto page = freltaprefsRootListController::currentRootPage();
+  if (!page) return;
+  for (UITableViewCell* cell : page->table().visibleCells()) {
+    if (auto* row = dynamic_cast<FreltaImageCell*>(cell)) row->loadImageFromDict();
+  }
+}
+
+/// Stands in for a cell that went while its picker was open.
+class PickOfNoCell : public UIImagePickerControllerDelegate {
+ public:
+  void didFinishPickingMediaWithInfo(UIImagePickerController& picker,
+                                     const UIImagePickerControllerInfo& info) override {
+    takePick(picker, info);
+    showPictureOnRootPage();
+  }
+};
+
+PickOfNoCell pickOfNoCell;
+
+}  // namespace
+
 FreltaImageCell::FreltaImageCell(UITableViewCellStyle style, std::string reuseIdentifier,
                                  std::shared_ptr<PSSpecifier> specifier)
     : PSTableCell(style, std::move(reuseIdentifier), std::move(specifier)) {}
 
 FreltaImageCell::~FreltaImageCell() {
-  if (const auto picker = picker_.lock()) picker->setDelegate(nullptr);
+  if (const auto picker = picker_.lock()) picker->setDelegate(&pickOfNoCell);
 }
 
 PSSpecifier::Action FreltaImageCell::action() {
@@ -47,19 +90,10 @@ void FreltaImageCell::openImagePicker() {
 
 void FreltaImageCell::didFinishPickingMediaWithInfo(UIImagePickerController& picker,
                                                     const UIImagePickerControllerInfo& info) {
-  const auto image = info.find(std::string(UIImagePickerControllerOriginalImage));
-  if (image != info.end() && image->second) {
-    FileManager& files = *Platform::current().fileManager;
-    files.createDirectoryAtPath(kUserImagesFolder);
-    if (const auto png = UIImagePNGRepresentation(*image->second)) {
-      files.writeAtomically(kBackgroundImagePath, *png);
-      keepPreview(*png, *image->second);
-    }
-    writeSetting("backgroundImage", std::string(kBackgroundImagePath));
-  }
-  postRefreshNotification();
-  picker.dismissViewControllerAnimated(false);
+  takePick(picker, info);
   loadImageFromDict();
+  // Another cell has the row while this one waits to go.
+  if (!superview()) showPictureOnRootPage();
 }
 
 void FreltaImageCell::setCurrentImage(std::shared_ptr<const UIImage> image) {

@@ -57,13 +57,17 @@ void TarnoColourPickerCell::openColourPicker() {
   dialogue->setContentView(std::move(contents));
   dialogue->addAction(
       UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel, nullptr));
-  const auto pick = [this, picker, alive = std::weak_ptr(alive_), row = specifier(),
-                     before = textOf(colour())](UIAlertAction&) {
+  // The dialogue outlives the row, which the page may load anew meanwhile.
+  const auto keeper = std::static_pointer_cast<PSListController>(page->shared_from_this());
+  const auto pick = [picker, keeper, row = specifier(), before = textOf(colour())](UIAlertAction&) {
     const std::string text = stringWithColour(picker->colour());
     if (text == before) return;
-    row->target()->setPreferenceValue(text, row.get());
-    // The page may have made another cell for the row meanwhile.
-    if (!alive.expired()) refreshCellContents();
+    keeper->setPreferenceValue(text, row.get());
+    if (PSTableCell* shown = keeper->cachedCellForSpecifierID(row->identifier())) {
+      shown->refreshCellContents();
+    } else {
+      keeper->reloadSpecifierID(row->identifier());
+    }
   };
   dialogue->addAction(UIAlertAction::actionWithTitle("Done", UIAlertActionStyle::Default, pick));
   page->presentViewController(dialogue, true);

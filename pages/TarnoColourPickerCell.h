@@ -24,10 +24,6 @@ class TarnoColourPickerCell : public PSTableCell {
     return [this] { openColourPicker(); };
   }
   void refreshCellContents() override;
-
- private:
-  /// Gone when the cell is.
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
 }  // namespace frelta

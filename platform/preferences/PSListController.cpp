@@ -81,6 +81,12 @@ std::shared_ptr<PSSpecifier> PSListController::specifierForID(std::string_view i
   return found == specifiers_->end() ? nullptr : *found;
 }
 
+PSTableCell* PSListController::cachedCellForSpecifierID(std::string_view identifier) const {
+  const auto row = table_ ? specifierForID(identifier) : nullptr;
+  const auto path = row ? indexPathForSpecifier(*row) : std::nullopt;
+  return path ? static_cast<PSTableCell*>(table_->cellForRowAtIndexPath(*path)) : nullptr;
+}
+
 std::optional<std::size_t> PSListController::indexOfSpecifier(const PSSpecifier& specifier) const {
   if (!specifiers_) return std::nullopt;
   const auto found =

@@ -41,6 +41,9 @@ class PSListController : public UIViewController,
 
   /// The first with the identifier among those loaded, or null.
   std::shared_ptr<PSSpecifier> specifierForID(std::string_view identifier) const;
+  /// The cell that shows that row now, owned by the table; null while the row is out of sight or
+  /// not on the page.
+  PSTableCell* cachedCellForSpecifierID(std::string_view identifier) const;
   /// Its place among those loaded, groups counted.
   std::optional<std::size_t> indexOfSpecifier(const PSSpecifier& specifier) const;
   /// Where the table shows the row; nothing for a group, or a row that it does not show.

@@ -307,15 +307,70 @@ TEST_F(FreltaImageCellTest, ARowThatOutlivesItsCellDoesNothing) {
   EXPECT_EQ(pictures.questions, 0);
 }
 
-TEST_F(FreltaImageCellTest, APickerThatOutlivesTheCellClosesByItself) {
-  open();
+TEST_F(FreltaImageCellTest, APickThatOutlivesItsCellIsStoredToldAndShownInTheRowThatIsThereNow) {
+  open({{"HideKeyCaps", 0}});
   tap(*page, "FreltaImageCell");
-
+  const std::weak_ptr<const void> asked = imageCell().lifetime();
   page->reloadSpecifiers();
   layout();
   layout();
+  ASSERT_TRUE(asked.expired());
+
+  pictures.finish({picture(6, 4), {}});
+  layout();
+
+  EXPECT_EQ(settingsFile(),
+            (Dictionary{{"BackgroundMode", 2}, {"HideKeyCaps", 0}, {"backgroundImage", path}}));
+  EXPECT_TRUE(platform.files.fileExistsAtPath(path));
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
+}
+
+TEST_F(FreltaImageCellTest, APickReachesTheRowAlsoWhileTheCellThatAskedWaitsToGo) {
+  open();
+  tap(*page, "FreltaImageCell");
+  const FreltaImageCell* asked = &imageCell();
+  page->reloadSpecifiers();
+  window.layoutIfNeeded();
+  ASSERT_NE(&imageCell(), asked);
+
   pictures.finish({picture(6, 4), {}});
 
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{6, 4}));
+}
+
+TEST_F(FreltaImageCellTest, APickIsStoredAndToldAlsoWhenTheRowIsGone) {
+  open();
+  tap(*page, "FreltaImageCell");
+  putSettings({{"BackgroundMode", 0}});
+  page->reloadSpecifiers();
+  layout();
+  layout();
+  ASSERT_EQ(cell<FreltaImageCell>(*page, "FreltaImageCell"), nullptr);
+
+  pictures.finish({picture(6, 4), {}});
+
+  EXPECT_EQ(settingsFile(), (Dictionary{{"BackgroundMode", 0}, {"backgroundImage", path}}));
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+TEST_F(FreltaImageCellTest, ACancelledPickIsToldAlsoWhenItsCellIsGone) {
+  open();
+  tap(*page, "FreltaImageCell");
+  page->reloadSpecifiers();
+  layout();
+  layout();
+  platform.files.resetCalls();
+
+  pictures.finish({});
+
+  EXPECT_EQ(platform.files.count(Operation::Write), 0u);
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
   EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
 }
 

@@ -103,6 +103,48 @@ TEST_F(TarnoColourPickerCellTest, StoresAPickOnceAsAStringAndTellsOfItOnce) {
   EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
 }
 
+TEST_F(TarnoColourPickerCellTest, ShowsThePickInTheRowThatIsThereWhenTheDialogueIsDone) {
+  open();
+  openPicker().hueSlider()->dragToValue(90);
+  const TarnoColourPickerCell* asked = &colourCell();
+  page->reloadSpecifiers();
+  layout();
+  layout();
+  ASSERT_NE(&colourCell(), asked);
+
+  press("Done");
+  layout();
+
+  EXPECT_EQ(writes(), 1u);
+  EXPECT_EQ(PropertyListValue(colourCell().detailTextLabel()->text()),
+            settingsFile().at("CustomTextColour"));
+  EXPECT_TRUE(swatch());
+}
+
+TEST_F(TarnoColourPickerCellTest, KeepsItsCellWhenThePickIsShown) {
+  open();
+  openPicker();
+  const std::weak_ptr<const void> asked = colourCell().lifetime();
+
+  press("Done");
+  layout();
+  layout();
+
+  EXPECT_FALSE(asked.expired());
+}
+
+TEST_F(TarnoColourPickerCellTest, ShowsThePickAlsoWhenTheRowsAreLoadedAnewInTheSameTurn) {
+  open();
+  openPicker().hueSlider()->dragToValue(90);
+  page->reloadSpecifiers();
+
+  press("Done");
+  layout();
+
+  EXPECT_EQ(PropertyListValue(colourCell().detailTextLabel()->text()),
+            settingsFile().at("CustomTextColour"));
+}
+
 TEST_F(TarnoColourPickerCellTest, LeavesEverythingAsItWasWhenThePickIsCancelledOrChangesNothing) {
   putSettings({{"CustomTextColour", "#ff0000"}});
   open();
