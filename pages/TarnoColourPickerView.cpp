@@ -1,6 +1,7 @@
 #include "pages/TarnoColourPickerView.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -53,7 +54,6 @@ TarnoColourPickerView::TarnoColourPickerView(const UIColor::Components& colour)
     slider->setRange(0, i == 0 ? kMaximumHue : kPercent);
     slider->setKeyStep(1);
     slider->setContinuous(true);
-    slider->setAccessibility({.isElement = true, .label = kNames[i]});
     slider->addTarget(
         this, "sliderMoved", [this](UIControl&) { sliderMoved(); }, UIControlEventValueChanged);
   }
@@ -104,6 +104,12 @@ void TarnoColourPickerView::showTracks() {
   saturationSlider()->setValue(colour_.saturation * kPercent);
   brightnessSlider()->setValue(colour_.brightness * kPercent);
   opacitySlider()->setValue(colour_.alpha * kPercent);
+
+  for (std::size_t i = 0; i < sliders_.size(); ++i) {
+    const std::string number = std::to_string(std::lround(sliders_[i]->value()));
+    sliders_[i]->setAccessibility(
+        {.isElement = true, .label = kNames[i], .value = number + (i == 0 ? "°" : " %")});
+  }
 
   std::vector<UIColor> hues;
   for (std::size_t i = 0; i <= kHueSteps; ++i) {

@@ -57,6 +57,9 @@ void SliderNode::syncContents() {
   minimum_ = view.minimumValue();
   maximum_ = view.maximumValue();
   keyStep_ = view.keyStep();
+  const UIAccessibility accessibility = view.accessibility();
+  label_ = QString::fromStdString(accessibility.label);
+  valueText_ = QString::fromStdString(accessibility.value);
   trackColors_.clear();
   for (const UIColor& color : view.trackColors()) {
     trackColors_.append(mirror().theme().resolve(color));

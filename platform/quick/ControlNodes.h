@@ -99,6 +99,9 @@ class SliderNode : public ViewNode {
   Q_PROPERTY(double maximum MEMBER maximum_ NOTIFY changed)
   Q_PROPERTY(double keyStep MEMBER keyStep_ NOTIFY changed)
   Q_PROPERTY(QList<QColor> trackColors MEMBER trackColors_ NOTIFY changed)
+  Q_PROPERTY(QString label MEMBER label_ NOTIFY changed)
+  /// The value as text, with its unit; empty where the number says it all.
+  Q_PROPERTY(QString valueText MEMBER valueText_ NOTIFY changed)
   Q_PROPERTY(bool enabled MEMBER enabled_ NOTIFY changed)
   Q_PROPERTY(bool mirrored MEMBER mirrored_ NOTIFY changed)
 
@@ -117,6 +120,8 @@ class SliderNode : public ViewNode {
   double maximum_ = 1;
   double keyStep_ = 0.1;
   QList<QColor> trackColors_;
+  QString label_;
+  QString valueText_;
   bool enabled_ = true;
   bool mirrored_ = false;
 };

@@ -107,16 +107,28 @@ TEST_F(TarnoColourPickerViewTest, FollowsEachSliderBetweenItsEnds) {
   EXPECT_EQ(view.brightnessSlider()->value(), 40);
 }
 
-TEST_F(TarnoColourPickerViewTest, NamesItsSlidersAndItsFieldAndLetsKeysMoveThemByOne) {
-  const TarnoColourPickerView view({0, 0, 1, 1});
-  const std::vector<std::tuple<UISlider*, const char*, double>> sliders{
-      {view.hueSlider(), "Hue", 360},
-      {view.saturationSlider(), "Saturation", 100},
-      {view.brightnessSlider(), "Brightness", 100},
-      {view.opacitySlider(), "Opacity", 100}};
+TEST_F(TarnoColourPickerViewTest, TellsWholeNumbersWithTheirUnitsAsTheyChange) {
+  TarnoColourPickerView view({14 / 255.0, 129 / 255.0, 1, 0.5});
 
-  for (const auto& [slider, name, maximum] : sliders) {
-    EXPECT_EQ(slider->accessibility(), (UIAccessibility{.isElement = true, .label = name}));
+  const std::string before = view.hueSlider()->accessibility().value;
+  view.hueSlider()->dragToValue(99.6);
+
+  EXPECT_EQ(before, "211°");
+  EXPECT_EQ(view.hueSlider()->accessibility().value, "100°");
+  EXPECT_EQ(view.opacitySlider()->accessibility().value, "50 %");
+}
+
+TEST_F(TarnoColourPickerViewTest, NamesItsSlidersAndItsFieldAndLetsKeysMoveThemByOne) {
+  const TarnoColourPickerView view({0, 0, 0, 1});
+  const std::vector<std::tuple<UISlider*, const char*, double, const char*>> sliders{
+      {view.hueSlider(), "Hue", 360, "0°"},
+      {view.saturationSlider(), "Saturation", 100, "0 %"},
+      {view.brightnessSlider(), "Brightness", 100, "0 %"},
+      {view.opacitySlider(), "Opacity", 100, "100 %"}};
+
+  for (const auto& [slider, name, maximum, value] : sliders) {
+    EXPECT_EQ(slider->accessibility(),
+              (UIAccessibility{.isElement = true, .label = name, .value = value}));
     EXPECT_EQ(slider->minimumValue(), 0) << name;
     EXPECT_EQ(slider->maximumValue(), maximum) << name;
     EXPECT_EQ(slider->keyStep(), 1) << name;

@@ -196,6 +196,28 @@ TEST_F(AccessibilityTest, ControlsHaveRolesNamesAndActions) {
   EXPECT_EQ(element(QStringLiteral("Size"))->role(), QAccessible::Slider);
 }
 
+TEST_F(AccessibilityTest, ASliderTellsItsBoundsItsStepAndARoundedValueWithItsUnit) {
+  UIView& root = showPlain();
+  auto* slider = root.addSubview(std::make_unique<UISlider>());
+  slider->setFrame({0, 100, 200, 34});
+  slider->setRange(0, 360);
+  slider->setKeyStep(1);
+  slider->setValue(211.29411764705884);
+  slider->setAccessibility({.isElement = true, .label = "Hue", .value = "211°"});
+  settle();
+
+  QAccessibleInterface* told = element(QStringLiteral("Hue"));
+
+  ASSERT_NE(told, nullptr);
+  ASSERT_NE(told->valueInterface(), nullptr);
+  EXPECT_EQ(told->valueInterface()->minimumValue().toDouble(), 0);
+  EXPECT_EQ(told->valueInterface()->maximumValue().toDouble(), 360);
+  EXPECT_EQ(told->valueInterface()->minimumStepSize().toDouble(), 0.1);
+  EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 211.3);
+  EXPECT_EQ(told->text(QAccessible::Description), QStringLiteral("211°"));
+  EXPECT_EQ(slider->value(), 211.29411764705884);
+}
+
 TEST_F(AccessibilityTest, SegmentsAreRadioButtonsOfAGroup) {
   UIView& root = showPlain();
   auto* control =

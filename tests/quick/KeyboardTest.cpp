@@ -207,6 +207,24 @@ TEST_F(KeyboardTest, ArrowsMoveASliderAndCommitEachStep) {
   EXPECT_EQ(events, 3);
 }
 
+TEST_F(KeyboardTest, PageKeysMoveASliderFarAndHomeAndEndToItsBounds) {
+  showControls<UISlider>([] { return std::make_unique<UISlider>(); });
+  UISlider& slider = *control<UISlider>(0);
+  slider.setRange(0, 360);
+  slider.setKeyStep(1);
+  settle();
+  std::vector<double> values;
+
+  key(Qt::Key_Tab);
+  for (const auto pressed : {Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_End,
+                             Qt::Key_PageUp, Qt::Key_Home, Qt::Key_PageDown}) {
+    key(pressed);
+    values.push_back(slider.value());
+  }
+
+  EXPECT_THAT(values, testing::ElementsAre(10, 20, 10, 360, 360, 0, 0));
+}
+
 TEST_F(KeyboardTest, UpAndDownLeaveTheControlOfARow) {
   showControls<UISlider>([] { return std::make_unique<UISlider>(); });
 

@@ -6,21 +6,42 @@ T.Slider {
     id: control
 
     required property SliderNode node
+    /// Finer than a key's step: drags snap to it.
+    readonly property double stepsPerUnit: 10 / node.keyStep
+    // By these names assistive technology finds the bounds.
+    readonly property double minimumValue: from
+    readonly property double maximumValue: to
 
-    function step(direction) {
-        node.drag(node.value + direction * node.keyStep);
+    function goTo(value) {
+        node.drag(value);
         node.commit();
+    }
+    function step(count) {
+        goTo(node.value + count * node.keyStep);
     }
 
     enabled: node.enabled
     from: node.minimum
     to: node.maximum
-    value: node.value
+    stepSize: 1 / stepsPerUnit
+    value: Math.round(node.value * stepsPerUnit) / stepsPerUnit
     focusPolicy: Qt.StrongFocus
     LayoutMirroring.enabled: node.mirrored
-    // A step size would have drags snap to it.
     Keys.onLeftPressed: step(mirrored ? 1 : -1)
     Keys.onRightPressed: step(mirrored ? -1 : 1)
+    Keys.onPressed: event => {
+        event.accepted = true;
+        if (event.key === Qt.Key_PageUp)
+            step(10);
+        else if (event.key === Qt.Key_PageDown)
+            step(-10);
+        else if (event.key === Qt.Key_Home)
+            goTo(node.minimum);
+        else if (event.key === Qt.Key_End)
+            goTo(node.maximum);
+        else
+            event.accepted = false;
+    }
     onMoved: {
         node.drag(value);
         if (!pressed)
@@ -29,7 +50,9 @@ T.Slider {
     onPressedChanged: if (!pressed) node.commit()
 
     Accessible.ignored: node.accessibleHidden
-    Accessible.name: node.accessibleName
+    // What changes with every step is no name.
+    Accessible.name: node.label
+    Accessible.description: node.valueText
     Accessible.onIncreaseAction: step(1)
     Accessible.onDecreaseAction: step(-1)
 
@@ -40,14 +63,16 @@ T.Slider {
         radius: 2
         color: control.node.trackColors.length > 0 ? "transparent" : control.node.theme.fill
         border.color: control.node.theme.border
-        border.width: control.node.theme.highContrast ? 1 : 0
+        // The colours have an outline of their own, of another shape.
+        border.width: control.node.theme.highContrast && control.node.trackColors.length === 0 ? 1 : 0
 
         GradientTrack {
             anchors.fill: parent
             visible: control.node.trackColors.length > 0
             colors: control.node.trackColors
             mirrored: control.mirrored
-            outline: control.node.theme.separator
+            outline: control.node.theme.highContrast ? control.node.theme.border
+                                                     : control.node.theme.separator
         }
 
         Rectangle {
