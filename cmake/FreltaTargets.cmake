@@ -6,13 +6,21 @@ if(CMAKE_LIBRARY_ARCHITECTURE)
 else()
   set(FRELTA_LIBRARY_DIR ${CMAKE_INSTALL_LIBDIR}/frelta)
 endif()
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${FRELTA_LIBRARY_DIR})
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+# Libraries that lie where none belongs would be found before those that do.
+file(GLOB misplaced ${PROJECT_BINARY_DIR}/lib/*.so)
+foreach(library IN LISTS misplaced)
+  file(REMOVE ${library})
+endforeach()
+# Everything lies as it will be installed and is linked for that. A search path that CMake changes when it
+# installs is padded with empty elements, and those mean the folder that the user happens to be in.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${FRELTA_LIBRARY_DIR}")
 
 # Install trees are packed without building what they do not hold, the tests among it.
 set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 # No program or library tells where it was built.
-set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 # Nor when: Qt's resource compiler keeps the time of each file, unless it is given one. (Its compiler
 # of pages still declares local variables in an order of chance, so that code may differ.)
@@ -21,13 +29,17 @@ execute_process(COMMAND date -u -d ${FRELTA_RELEASE_DATE} +%s OUTPUT_VARIABLE FR
 set_property(GLOBAL PROPERTY RULE_LAUNCH_CUSTOM
   "${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=${FRELTA_RELEASE_SECONDS}")
 
+# Hardening, in every build: a mistake that a stranger's file finds ends the program and does no more.
+include(CheckPIESupported)
+check_pie_supported(LANGUAGES CXX)
+add_compile_options(-fstack-protector-strong -fstack-clash-protection -Wformat -Werror=format-security)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
+  add_compile_options(-fcf-protection)
+endif()
+add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
+# It needs optimised code, and hides from the sanitizers what they look for.
 if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT FRELTA_SANITIZE)
-  add_compile_options(-fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE
-    -D_FORTIFY_SOURCE=2 -Wformat -Werror=format-security)
-  if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
-    add_compile_options(-fcf-protection)
-  endif()
-  add_link_options(-Wl,-z,relro -Wl,-z,now)
+  add_compile_options(-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
 endif()
 
 set(FRELTA_WARNINGS
@@ -59,6 +71,7 @@ function(frelta_framework name)
   if(NOT FRELTA_SANITIZE)
     target_link_options(frelta_${name} PRIVATE -Wl,-z,defs)
   endif()
+  set_target_properties(frelta_${name} PROPERTIES INSTALL_RPATH "$ORIGIN")
   install(TARGETS frelta_${name} LIBRARY DESTINATION ${FRELTA_LIBRARY_DIR})
 endfunction()
 
