@@ -10,6 +10,7 @@
 #include "app/DeviceFolders.h"
 #include "app/LoadedBundle.h"
 #include "app/StyleRefusalText.h"
+#include "app/TerminalText.h"
 #include "foundation/Platform.h"
 #include "installer/StyleInstallation.h"
 #include "linux/LinuxDarwinNotificationCenter.h"
@@ -64,11 +65,11 @@ int runInstallCommand(const Options& options) {
     QString text = textOfRefusal(QFileInfo(options.styleToInstall).fileName(), *refusal);
     if (refusal->reason == StyleRefusalReason::AlreadyInstalled)
       text += QLatin1Char(' ') + InstallCommand::replaceHint();
-    std::fprintf(stderr, "frelta-settings: %s\n", qPrintable(text));
+    std::fprintf(stderr, "frelta-settings: %s\n", terminalText(text).constData());
     return 1;
   }
   const QString name = QString::fromStdString(std::get<InstalledStyle>(result).name);
-  std::puts(qPrintable(InstallCommand::installed(name)));
+  std::puts(terminalText(InstallCommand::installed(name)).constData());
   // The keyboard may be showing the style that was there.
   if (options.replace) notifications.post(kRefresh);
   return 0;

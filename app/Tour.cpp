@@ -5,6 +5,7 @@
 
 #include "app/PresetsTour.h"
 #include "app/SelectorTour.h"
+#include "app/TerminalText.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 
@@ -18,7 +19,9 @@ const QString kRefresh = QStringLiteral("com.tarno.frelta.refresh");
 void printSettingsFile() {
   const auto bytes = Platform::current().fileManager->contentsAtPath(
       kSettingsPath, PropertyListSerialization::kMaximumBytes);
-  std::puts(bytes ? bytes->c_str() : "(no settings file)");
+  const QString text = QString::fromStdString(bytes.value_or("(no settings file)"));
+  for (const QString& line : text.split(QLatin1Char('\n')))
+    std::puts(terminalText(line).constData());
 }
 
 }  // namespace
@@ -29,7 +32,7 @@ Tour::Tour(SettingsApplication& application, QString folder)
 
 bool Tour::run() {
   if (!QDir().mkpath(folder_)) {
-    std::fprintf(stderr, "frelta-settings: cannot make %s\n", qPrintable(folder_));
+    std::fprintf(stderr, "frelta-settings: cannot make %s\n", terminalText(folder_).constData());
     return false;
   }
   if (!listener_.isListening()) {
@@ -69,7 +72,7 @@ bool Tour::run() {
   std::puts("The settings file now:");
   printSettingsFile();
   std::printf("%d of %d steps went well. Pictures are in %s\n", steps_ - failures_, steps_,
-              qPrintable(QDir(folder_).absolutePath()));
+              terminalText(QDir(folder_).absolutePath()).constData());
   return failures_ == 0;
 }
 
@@ -116,7 +119,7 @@ bool Tour::heardRefreshes(int count) {
     heard += listener_.takeHeard();
     return heard.size() >= count;
   });
-  for (const QString& name : heard) std::printf("    heard %s\n", qPrintable(name));
+  for (const QString& name : heard) std::printf("    heard %s\n", terminalText(name).constData());
   return heard == QStringList(count, kRefresh);
 }
 

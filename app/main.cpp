@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QTemporaryDir>
 #include <optional>
+#include <utility>
 
 #include "app/HostPlatform.h"
 #include "app/InstallCommand.h"
@@ -12,6 +13,7 @@
 #include "app/Options.h"
 #include "app/SettingsApplication.h"
 #include "app/StyleDrop.h"
+#include "app/TerminalText.h"
 #include "app/Tour.h"
 #include "app/Translations.h"
 #include "app/WindowState.h"
@@ -30,7 +32,9 @@ void forgetChildren() {
 }
 
 int fail(const QString& message, int status) {
-  std::fprintf(stderr, "frelta-settings: %s\n", qPrintable(message));
+  const char* before = "frelta-settings: ";
+  for (const QString& line : message.split(QLatin1Char('\n')))
+    std::fprintf(stderr, "%s%s\n", std::exchange(before, ""), terminalText(line).constData());
   return status;
 }
 

@@ -19,9 +19,15 @@ std::string escaped(const char* format, unsigned value) {
   return buffer.data();
 }
 
+/// Marks, embeddings, overrides and isolates: what makes text read in another order than it is in.
+bool isDirectional(char32_t value) {
+  return value == 0x061c || value == 0x200e || value == 0x200f ||
+         (value >= 0x202a && value <= 0x202e) || (value >= 0x2066 && value <= 0x2069);
+}
+
 bool isControl(char32_t value) {
   return value < 0x20 || (value >= 0x7f && value < 0xa0) || value == kLineSeparator ||
-         value == kParagraphSeparator;
+         value == kParagraphSeparator || isDirectional(value);
 }
 
 /// The printable form of what takes those bytes in the text.

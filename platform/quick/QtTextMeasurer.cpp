@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "quick/Fonts.h"
+#include "quick/ShownText.h"
 
 namespace frelta {
 
@@ -21,7 +22,7 @@ CGSize measure(std::string_view text, const UIFont& font, double maximumWidth, i
   const double lineHeight = std::ceil(QFontMetricsF(qfont).height());
   if (text.empty()) return {0, lineHeight};
 
-  QString string = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  QString string = shownText(text);
   string.replace(QLatin1Char('\n'), QChar::LineSeparator);
   QTextLayout layout(string, qfont);
   QTextOption option;

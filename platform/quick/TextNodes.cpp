@@ -5,6 +5,7 @@
 
 #include "quick/EventGuard.h"
 #include "quick/Fonts.h"
+#include "quick/ShownText.h"
 #include "quick/TextAlignment.h"
 #include "quick/ViewMirror.h"
 
@@ -17,7 +18,7 @@ constexpr qsizetype kLongestLine = 2000;
 
 void LabelNode::syncContents() {
   const UILabel& label = *viewAs<UILabel>(*this);
-  text_ = QString::fromStdString(label.text());
+  text_ = shownText(label.text());
   if (label.numberOfLines() == 1) text_.truncate(kLongestLine);
   font_ = qtFont(label.font());
   color_ = mirror().theme().resolve(label.textColor());

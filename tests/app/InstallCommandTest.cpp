@@ -21,7 +21,8 @@ class InstallCommandTest : public testing::Test {
     std::string errors;
   };
   /// In a process without any display.
-  Outcome run(const QStringList& more = {}) const {
+  Outcome run(const QStringList& more = {}) const { return install(source, more); }
+  Outcome install(const std::filesystem::path& file, const QStringList& more = {}) const {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
@@ -33,7 +34,7 @@ class InstallCommandTest : public testing::Test {
     program.start(
         QStringLiteral(FRELTA_SETTINGS_BINARY),
         QStringList{QStringLiteral("--root"), QString::fromStdString(folder.path() / "root"),
-                    QStringLiteral("--install-style"), QString::fromStdString(source)} +
+                    QStringLiteral("--install-style"), QString::fromStdString(file)} +
             more);
     EXPECT_TRUE(program.waitForFinished(60'000));
     return {program.exitCode(), program.readAllStandardOutput().toStdString(),
@@ -66,6 +67,27 @@ TEST_F(InstallCommandTest, SaysHowAStyleOfTheNameIsReplaced) {
             "frelta-settings: “Sea.theme” was not installed. A style called “Sea.theme” is "
             "installed already. --replace installs it in the other one's place.\n");
   EXPECT_EQ(replaced.status, 0);
+}
+
+TEST_F(InstallCommandTest, PrintsNoNameThatATerminalWouldObey) {
+  const std::string name = "a\x1b[2J\n\u202e.theme";
+  const auto hostile = folder.path() / name;
+  std::filesystem::create_directories(hostile / "Images");
+  std::filesystem::create_symlink("/etc", hostile / "Images/b\u009b\r");
+  const auto turned = folder.path() / "c\u202e.theme";
+  std::filesystem::create_directories(turned / "Images");
+
+  const Outcome refused = install(hostile);
+  const Outcome installed = install(turned);
+
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_EQ(refused.output, "");
+  EXPECT_EQ(
+      refused.errors,
+      "frelta-settings: “a\\x1b[2J\\n\\u202e.theme” was not installed. A file in it has a name "
+      "with characters that are not allowed.\n");
+  EXPECT_EQ(installed.status, 0);
+  EXPECT_EQ(installed.output, "“c\\u202e.theme” was installed.\n");
 }
 
 }  // namespace

@@ -52,6 +52,13 @@ TEST(LogLine, ShowsBreaksAndControlCharactersAsEscapes) {
   EXPECT_EQ(harmlessLine("\u0085\u009b\u2028\u2029", 100), "\\u0085\\u009b\\u2028\\u2029");
 }
 
+TEST(LogLine, ShowsWhatTurnsTheDirectionOfTextAsEscapes) {
+  EXPECT_EQ(harmlessLine("\u061c\u200e\u200f", 100), "\\u061c\\u200e\\u200f");
+  EXPECT_EQ(harmlessLine("\u202a\u202e\u2066\u2069", 100), "\\u202a\\u202e\\u2066\\u2069");
+  EXPECT_EQ(harmlessLine("\u061b\u061d\u200d\u2010\u202f\u2065\u206a", 100),
+            "\u061b\u061d\u200d\u2010\u202f\u2065\u206a");
+}
+
 TEST(LogLine, ShowsBytesThatAreNoTextAsEscapes) {
   EXPECT_EQ(harmlessLine("a\xff"
                          "b",

@@ -1,0 +1,33 @@
+#include "quick/ShownText.h"
+
+#include "tests/quick/WindowTest.h"
+#include "uikit/UILabel.h"
+
+namespace frelta {
+namespace {
+
+TEST(ShownText, IsTheTextAsItIs) {
+  EXPECT_EQ(shownText(""), QString());
+  EXPECT_EQ(shownText("größe 鍵盤 🎹 שלום\u200f\u2029\u202f"),
+            QStringLiteral("größe 鍵盤 🎹 שלום\u200f\u2029\u202f"));
+}
+
+TEST(ShownText, ShowsWhatWouldTurnTheDirection) {
+  EXPECT_EQ(shownText("a\u202a\u202b\u202c\u202d\u202e"),
+            QStringLiteral("a") + QString(5, u'\uFFFD'));
+  EXPECT_EQ(shownText("\u2066\u2067\u2068\u2069z"), QString(4, u'\uFFFD') + QStringLiteral("z"));
+  EXPECT_EQ(shownText("\u2065\u206a"), QStringLiteral("\u2065\u206a"));
+}
+
+TEST(ShownText, OfANameThatPosesAsAnotherIsMeasuredAsItIsPainted) {
+  const QtTextMeasurer measurer;
+  const UIFont font = UIFont::systemFontOfSize(17);
+
+  const CGSize posing = measurer.sizeOfText("a\u202eemeht", font, 0, 1);
+  const CGSize shown = measurer.sizeOfText("a\uFFFDemeht", font, 0, 1);
+
+  EXPECT_EQ(posing.width, shown.width);
+}
+
+}  // namespace
+}  // namespace frelta
