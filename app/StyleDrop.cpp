@@ -11,6 +11,7 @@
 #include "foundation/Platform.h"
 #include "quick/EventGuard.h"
 #include "quick/Fonts.h"
+#include "quick/ShownText.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
@@ -30,8 +31,12 @@ QStringList droppedFiles(const QDropEvent& event) {
 
 }  // namespace
 
-StyleDrop::StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root)
-    : window_(window), navigation_(navigation), root_(std::move(root)) {
+StyleDrop::StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root,
+                     StyleInstallJob::Install install)
+    : window_(window),
+      navigation_(navigation),
+      root_(std::move(root)),
+      install_(std::move(install)) {
   window_.installEventFilter(this);
 }
 
@@ -45,12 +50,12 @@ bool StyleDrop::eventFilter(QObject* watched, QEvent* event) {
       if (droppedFiles(drag).isEmpty()) return false;
       drag.setDropAction(Qt::CopyAction);
       drag.accept();
-      if (event->type() == QEvent::DragEnter && isIdle())
+      if (event->type() == QEvent::DragEnter && !isBusy())
         showNote(tr("Drop to install the style"), kNoBar, 0);
       return true;
     }
     case QEvent::DragLeave:
-      if (isIdle()) hideNote();
+      if (!isBusy()) hideNote();
       return true;
     case QEvent::Drop: {
       auto& drop = static_cast<QDropEvent&>(*event);
@@ -76,12 +81,19 @@ void StyleDrop::startNext() {
   const Work work = waiting_.takeFirst();
   showNote(tr("Installing “%1”").arg(QFileInfo(work.path).fileName()), 0, 0);
   job_ = std::make_unique<StyleInstallJob>(
-      StyleInstallation{work.path.toStdString(), root_, work.replace, {}, {}});
+      StyleInstallation{work.path.toStdString(), root_, work.replace, {}, {}}, install_);
   connect(job_.get(), &StyleInstallJob::progressed, this, [this](double part) {
     if (note_) note_->setProperty("part", part);
   });
-  connect(job_.get(), &StyleInstallJob::finished, this, &StyleDrop::jobFinished,
-          Qt::QueuedConnection);
+  connect(
+      job_.get(), &StyleInstallJob::finished, this,
+      [this, job = job_.get()](const StyleInstallJob::Result& result) {
+        if (job == job_.get())
+          jobFinished(result);
+        else
+          abandonedJobFinished(*job, result);
+      },
+      Qt::QueuedConnection);
 }
 
 void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
@@ -97,10 +109,17 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
       askToReplace(path, refusal.detail);
       return;
     }
-    if (refusal.reason != StyleRefusalReason::Cancelled)
-      tellError(textOfRefusal(QFileInfo(path).fileName(), refusal));
+    tellError(textOfRefusal(QFileInfo(path).fileName(), refusal));
   }
   startNext();
+}
+
+void StyleDrop::abandonedJobFinished(const StyleInstallJob& job,
+                                     const StyleInstallJob::Result& result) {
+  const bool replaced = job.installation().replace;
+  std::erase_if(abandoned_, [&](const auto& abandoned) { return abandoned.get() == &job; });
+  // The cancel came too late.
+  if (const auto* style = std::get_if<InstalledStyle>(&result)) styleInstalled(*style, replaced);
 }
 
 void StyleDrop::styleInstalled(const InstalledStyle& style, bool replaced) {
@@ -151,7 +170,7 @@ void StyleDrop::showNote(const QString& text, double part, int milliseconds) {
   if (!engine_) engine_ = std::make_unique<QQmlEngine>();
   QQmlComponent component(engine_.get(), QUrl(QStringLiteral("qrc:/frelta/app/InstallNote.qml")));
   QObject* made = component.createWithInitialProperties({
-      {QStringLiteral("text"), text},
+      {QStringLiteral("text"), shownText(text.toStdString())},
       {QStringLiteral("part"), part},
       {QStringLiteral("time"), milliseconds},
       {QStringLiteral("cancelTitle"), tr("Cancel")},
@@ -170,7 +189,12 @@ void StyleDrop::showNote(const QString& text, double part, int milliseconds) {
 }
 
 void StyleDrop::cancel() {
-  if (job_) job_->cancel();
+  if (!job_) return;
+  // It may be a while until it notices: nobody waits for that.
+  job_->cancel();
+  abandoned_.push_back(std::move(job_));
+  hideNote();
+  startNext();
 }
 
 void StyleDrop::hideNote() {

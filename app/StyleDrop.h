@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/StyleInstallJob.h"
 #include "quick/QuickWindow.h"
@@ -22,13 +23,14 @@ class StyleDrop : public QObject {
  public:
   /// The root is the device root's host path. Neither the window nor the navigation is owned; both
   /// outlive this.
-  StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root);
+  StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root,
+            StyleInstallJob::Install install = installStyle);
   ~StyleDrop() override;
 
   /// Installs them as if they had been dropped: host paths.
   void install(const QStringList& paths);
-  /// Whether nothing is being installed or waiting to be.
-  bool isIdle() const { return !job_ && waiting_.isEmpty(); }
+  /// Whether nothing is being installed, waiting to be or on its way to its end after a cancel.
+  bool isIdle() const { return !isBusy() && abandoned_.empty(); }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -42,9 +44,11 @@ class StyleDrop : public QObject {
     bool replace;
   };
 
+  bool isBusy() const { return job_ || !waiting_.isEmpty(); }
   /// Unless something is being installed or nothing is waiting.
   void startNext();
   void jobFinished(const StyleInstallJob::Result& result);
+  void abandonedJobFinished(const StyleInstallJob& job, const StyleInstallJob::Result& result);
   void styleInstalled(const InstalledStyle& style, bool replaced);
   void askToReplace(const QString& path, const std::string& name);
   void tellError(const QString& text);
@@ -57,7 +61,10 @@ class StyleDrop : public QObject {
   UINavigationController& navigation_;
   std::string root_;
   QList<Work> waiting_;
+  StyleInstallJob::Install install_;
   std::unique_ptr<StyleInstallJob> job_;
+  /// Cancelled, but not yet where they notice.
+  std::vector<std::unique_ptr<StyleInstallJob>> abandoned_;
   std::unique_ptr<QQmlEngine> engine_;  // once there is a note to show
   std::unique_ptr<QQuickItem> note_;
 };

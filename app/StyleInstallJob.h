@@ -2,7 +2,9 @@
 
 #include <QObject>
 #include <atomic>
+#include <functional>
 #include <thread>
+#include <variant>
 
 #include "installer/StyleInstallation.h"
 
@@ -14,9 +16,10 @@ class StyleInstallJob : public QObject {
 
  public:
   using Result = std::variant<InstalledStyle, StyleRefusal>;
+  using Install = std::function<Result(const StyleInstallation&)>;
 
   /// Begins at once; a progress function of the installation's own is not called.
-  explicit StyleInstallJob(StyleInstallation installation);
+  explicit StyleInstallJob(StyleInstallation installation, Install install = installStyle);
   /// Gives it up and waits for it.
   ~StyleInstallJob() override;
 
@@ -30,6 +33,9 @@ class StyleInstallJob : public QObject {
   void finished(const frelta::StyleInstallJob::Result& result);
 
  private:
+  /// What it gives, a refusal for what it throws.
+  Result installed(const Install& install) const;
+
   StyleInstallation installation_;
   std::atomic<bool> cancelled_ = false;
   std::atomic<int> told_ = -1;  // percent

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "app/Translations.h"
 #include "tests/app/OpenWindow.h"
@@ -31,6 +32,13 @@ class StyleDropTest : public testing::Test {
     std::filesystem::create_directories(images);
     for (int i = 0; i < files; ++i) std::ofstream(images / std::to_string(i)) << "key";
     return QString::fromStdString(folder.path() / "sources" / name);
+  }
+
+  int unfinished() const {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(themes().parent_path()))
+      count += entry.path().filename().string().starts_with(".installing-style");
+    return count;
   }
 
   template <typename Event>
@@ -187,9 +195,76 @@ TEST_F(StyleDropTest, ShowsABarThatCanBeCancelled) {
 
   EXPECT_EQ(text, QStringLiteral("Installing “Large.theme”"));
   EXPECT_TRUE(std::filesystem::is_empty(themes()));
-  EXPECT_FALSE(std::filesystem::exists(themes().parent_path() / ".installing-style"));
+  EXPECT_EQ(unfinished(), 0);
   EXPECT_EQ(note(), nullptr);
   EXPECT_EQ(window.driver->alert(), nullptr);
+}
+
+TEST_F(StyleDropTest, WaitsForNoInstallationThatDoesNotHearThatItIsCancelled) {
+  std::promise<void> heard;
+  const auto hearing = heard.get_future().share();
+  drop = std::make_unique<StyleDrop>(*window.application->window(),
+                                     *window.application->navigationController(), root(),
+                                     [hearing](const StyleInstallation& installation) {
+                                       if (installation.source.ends_with("Deaf.theme"))
+                                         hearing.wait();
+                                       return installStyle(installation);
+                                     });
+  dropFiles({style("Deaf.theme"), style("Sea.theme")});
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
+
+  QTest::mouseClick(window.application->window(), Qt::LeftButton, {}, middle.toPoint());
+  const bool isNextInstalled = QTest::qWaitFor(
+      [&] { return noteText() == QStringLiteral("“Sea.theme” was installed."); }, 20'000);
+  const bool isIdleMeanwhile = drop->isIdle();
+  heard.set_value();
+  waitUntilIdle();
+
+  EXPECT_TRUE(isNextInstalled);
+  EXPECT_FALSE(isIdleMeanwhile);
+  EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Deaf.theme"));
+  EXPECT_EQ(window.driver->alert(), nullptr);
+}
+
+TEST_F(StyleDropTest, SaysSoWhenACancelCameTooLate) {
+  std::promise<void> done;
+  const auto isDone = done.get_future().share();
+  drop = std::make_unique<StyleDrop>(*window.application->window(),
+                                     *window.application->navigationController(), root(),
+                                     [isDone](const StyleInstallation& installation) {
+                                       StyleInstallation deaf = installation;
+                                       deaf.progress = {};
+                                       const auto result = installStyle(deaf);
+                                       isDone.wait();
+                                       return result;
+                                     });
+  dropFiles({style("Sea.theme")});
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
+
+  QTest::mouseClick(window.application->window(), Qt::LeftButton, {}, middle.toPoint());
+  window.settle();
+  const QString meanwhile = noteText();
+  done.set_value();
+  waitUntilIdle();
+
+  EXPECT_EQ(meanwhile, QString());
+  EXPECT_EQ(noteText(), QStringLiteral("“Sea.theme” was installed."));
+}
+
+TEST_F(StyleDropTest, SaysWhatAnInstallationThrows) {
+  drop = std::make_unique<StyleDrop>(
+      *window.application->window(), *window.application->navigationController(), root(),
+      [](const StyleInstallation&) -> StyleInstallJob::Result { throw std::bad_alloc(); });
+
+  dropFiles({style("Sea.theme")});
+  waitUntilIdle();
+
+  ASSERT_NE(window.driver->alert(), nullptr);
+  EXPECT_EQ(window.driver->alert()->message(),
+            "“Sea.theme” was not installed. It cannot be read: std::bad_alloc.");
 }
 
 TEST_F(StyleDropTest, LeavesNothingWhenTheApplicationEndsMeanwhile) {
@@ -198,7 +273,7 @@ TEST_F(StyleDropTest, LeavesNothingWhenTheApplicationEndsMeanwhile) {
   drop.reset();
 
   EXPECT_FALSE(std::filesystem::exists(themes() / "Large.theme"));
-  EXPECT_FALSE(std::filesystem::exists(themes().parent_path() / ".installing-style"));
+  EXPECT_EQ(unfinished(), 0);
 }
 
 }  // namespace
