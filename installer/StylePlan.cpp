@@ -140,6 +140,8 @@ std::variant<StylePlan, StyleRefusal> planForStyle(const StyleSource& source,
     if (auto refusal = refusalOf(entries[i], limits)) return *refusal;
     if (isLitter(pathOf(entries[i]))) continue;
     if (!add(tree, told, entries[i], i)) return StyleRefusal{Reason::Duplicate, entries[i].path};
+    // A few long paths make many folders, each of which takes room on the disk.
+    if (tree.size() > limits.entries) return StyleRefusal{Reason::TooManyEntries, {}};
     if (entries[i].kind != StyleEntry::Kind::File) continue;
     if (entries[i].size > limits.bytes - bytes) return StyleRefusal{Reason::TooLarge, {}};
     bytes += entries[i].size;

@@ -14,6 +14,7 @@ namespace frelta {
 
 /// What a source may hold at most. Far beyond any style, and little enough for any device.
 struct StyleLimits {
+  /// Of files and folders, those included that are only part of other paths.
   std::size_t entries = 10'000;
   std::uint64_t bytes = std::uint64_t{512} << 20;
   std::size_t depth = 16;

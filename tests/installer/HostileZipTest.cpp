@@ -92,9 +92,9 @@ TEST_F(HostileZip, WhoseEntriesShareTheirBytesIsRefused) {
   EXPECT_THAT(refused, refusedFor(Reason::Damaged));
 }
 
-TEST_F(HostileZip, WithAMillionEntriesIsRefused) {
+TEST_F(HostileZip, WithMoreEntriesThanItsPlainRecordCanTellIsRefused) {
   GeneratedZip generated;
-  for (int i = 0; i < 1'000'000; ++i) generated.add("Images/" + std::to_string(i), {});
+  for (int i = 0; i < 70'000; ++i) generated.add("Images/" + std::to_string(i), {});
   const std::string zip = put("a.zip", generated);
 
   const StyleRefusal refused = refusal(zip);

@@ -94,8 +94,15 @@ TEST(StylePlan, TakesNamesUpToTheFirstAndFromTheLastControlCharacter) {
 TEST(StylePlan, TakesAsManyEntriesAsMayBe) {
   const ToldEntries source("a", {"A.theme/Images/1", "A.theme/Images/2", "A.theme/Images/3"});
 
-  EXPECT_EQ(plan(source, {.entries = 3}).files.size(), 3U);
+  EXPECT_EQ(plan(source, {.entries = 5}).files.size(), 3U);
   EXPECT_THAT(refusal(source, {.entries = 2}), refusedFor(Reason::TooManyEntries));
+}
+
+TEST(StylePlan, CountsTheFoldersThatPathsNeedAsEntries) {
+  const ToldEntries source("a", {"A.theme/Images/1/2/3/4", "A.theme/Images/5/6/7/8"});
+
+  EXPECT_EQ(plan(source, {.entries = 10}).folders.size(), 7U);
+  EXPECT_THAT(refusal(source, {.entries = 9}), refusedFor(Reason::TooManyEntries));
 }
 
 TEST(StylePlan, TakesFoldersAsDeepAsMayBe) {
