@@ -1,7 +1,8 @@
 #include "quick/ShownText.h"
 
-#include "tests/quick/WindowTest.h"
-#include "uikit/UILabel.h"
+#include <gmock/gmock.h>
+
+#include "quick/QtTextMeasurer.h"
 
 namespace frelta {
 namespace {
