@@ -17,11 +17,13 @@ class DetailPage : public UIViewController, public PSController {
   }
   void setSpecifier(std::shared_ptr<PSSpecifier> value) override { specifier = std::move(value); }
   void setBundle(const PSBundle* value) override { bundle = value; }
+  void viewWillAppear(bool animated) override { cameAnimated.push_back(animated); }
 
   std::weak_ptr<UIViewController> root;
   std::weak_ptr<UIViewController> parent;
   std::shared_ptr<PSSpecifier> specifier;
   const PSBundle* bundle = nullptr;
+  std::vector<bool> cameAnimated;
 };
 
 class PSListControllerTapTest : public ListPageTest {
@@ -62,6 +64,7 @@ TEST_F(PSListControllerTapTest, ALinkPushesItsPageWithTitleAndOrigin) {
   EXPECT_EQ(pushed->parent.lock(), page);
   EXPECT_EQ(pushed->specifier, page->specifierForID("A"));
   EXPECT_EQ(pushed->bundle, &bundle);
+  EXPECT_THAT(pushed->cameAnimated, ElementsAre(true));
   EXPECT_EQ(page->table().indexPathForSelectedRow(), std::nullopt);
 }
 

@@ -1,5 +1,7 @@
 #include "preferences/PSTableCell.h"
 
+#include <limits>
+
 #include "preferences/PSEditableTableCell.h"
 #include "preferences/PSSegmentTableCell.h"
 #include "preferences/PSSliderTableCell.h"
@@ -233,6 +235,53 @@ TEST_F(PSTableCellTest, ALabelLeavesItsFieldMoreThanHalfOfTheRow) {
 
   EXPECT_GE(shown->textField()->frame().size.width, 128);
   EXPECT_EQ(shown->frame().size.height, 104);
+}
+
+TEST_F(PSTableCellTest, ALabelAndItsControlStandSideBySideInTheMiddleOfTheRow) {
+  const auto page = showTestPage({row("PSEditTextCell", "A", {{"height", 60}})});
+
+  const auto* shown = cell<PSEditableTableCell>(*page, "A");
+
+  ASSERT_TRUE(shown);
+  const CGSize size = shown->frame().size;
+  const CGSize label = measurer.sizeOfText("A", shown->textLabel()->font(), 0, 1);
+  const double left = 16 + label.width + 12;
+  const double height = shown->textField()->sizeThatFits({size.width - 16 - left, 60}).height;
+  EXPECT_EQ(size, (CGSize{288, 60}));
+  EXPECT_EQ(shown->textLabel()->frame(),
+            CGRect(16, (60 - label.height) / 2, label.width, label.height));
+  EXPECT_EQ(shown->textField()->frame(), CGRect(left, (60 - height) / 2, 288 - 16 - left, height));
+}
+
+TEST_F(PSTableCellTest, AClassIsGivenRoomForADetailWhereItsRowsKindHasOne) {
+  std::map<std::string, UITableViewCellStyle> styles;
+  bundle.registry.registerCell("StyledCell", [&](UITableViewCellStyle style, std::string key,
+                                                 std::shared_ptr<PSSpecifier> specifier) {
+    styles[specifier->identifier()] = style;
+    return std::make_unique<PSTableCell>(style, std::move(key), std::move(specifier));
+  });
+  const std::vector<const char*> withDetail{"PSLinkCell", "PSLinkListCell", "PSTitleValueCell"};
+  const std::vector<const char*> without{"PSSwitchCell", "PSStaticTextCell", "PSButtonCell"};
+  Array rows;
+  for (const auto& kinds : {withDetail, without})
+    for (const char* kind : kinds) rows.push_back(row(kind, kind, {{"cellClass", "StyledCell"}}));
+
+  const auto page = showTestPage(std::move(rows));
+
+  for (const char* kind : withDetail) EXPECT_EQ(styles.at(kind), UITableViewCellStyle::Value1);
+  for (const char* kind : without) EXPECT_EQ(styles.at(kind), UITableViewCellStyle::Default);
+}
+
+TEST_F(PSTableCellTest, PointsInADescriptionAreAnyFiniteNumberAboveNothing) {
+  const auto points = [](PropertyListValue value) {
+    return PSSpecifier(PSCellType::Plain, "A", {{"height", std::move(value)}})
+        .pointsForKey("height");
+  };
+
+  EXPECT_EQ(points(0.5), 0.5);
+  EXPECT_EQ(points(0), std::nullopt);
+  EXPECT_EQ(points(-1), std::nullopt);
+  EXPECT_EQ(points(std::numeric_limits<double>::infinity()), std::nullopt);
 }
 
 TEST_F(PSTableCellTest, AHeightInTheDescriptionHolds) {
