@@ -139,6 +139,17 @@ TEST_F(RootPageValuesTest, WhoeverHearsOfAWriteFindsTheValueInTheFileAndThroughT
   EXPECT_THAT(heard, ElementsAre("com.example.changed", "com.tarno.frelta.refresh"));
 }
 
+TEST_F(RootPageValuesTest, WhatIsReadWhileAValueIsWrittenDoesNotStay) {
+  const auto page = showRoot();
+  platform.files.beforeCall = [](const FailingFiles::Call& call) {
+    if (call.operation == Operation::Write) FreltaPreferencesManager::getPrefs();
+  };
+
+  set(*page, "HideKeyCaps", 0);
+
+  EXPECT_EQ(*FreltaPreferencesManager::getPrefForKey("HideKeyCaps"), PropertyListValue(0));
+}
+
 TEST_F(RootPageValuesTest, TheOwnNotificationComesBeforeTheReloadAndTheRefreshAfterIt) {
   const std::vector<std::string> keys{"Enabled", "enabled", "BackgroundMode",
                                       "SwitchPresetsWithDarkMode"};
