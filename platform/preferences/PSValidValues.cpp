@@ -17,6 +17,11 @@ bool isSame(const PropertyListValue& valid, const PropertyListValue& stored) {
   return valid.isNumber() ? valid.doubleValue() == stored.doubleValue() : valid == stored;
 }
 
+bool standsFor(const PSValidValue& valid, const PropertyListValue& stored) {
+  return isSame(valid.value, stored) ||
+         (valid.andHigher && stored.intValue() > valid.value.intValue());
+}
+
 const Array* arrayForKey(const PSSpecifier& specifier, std::string_view key) {
   const PropertyListValue* value = specifier.propertyForKey(key);
   return value ? value->array() : nullptr;
@@ -34,6 +39,8 @@ std::vector<PSValidValue> validValues(const PSSpecifier& specifier) {
   for (std::size_t i = 0; i < count; ++i) {
     result.push_back({(*values)[i], textForValue((*titles)[i])});
   }
+  const PropertyListValue* goesOn = specifier.propertyForKey("validValuesGoOn");
+  if (!result.empty() && goesOn) result.back().andHigher = goesOn->boolValue();
   return result;
 }
 
@@ -41,7 +48,7 @@ std::optional<std::size_t> indexOfValidValue(const std::vector<PSValidValue>& va
                                              const std::optional<PropertyListValue>& value) {
   if (!value) return std::nullopt;
   const auto found = std::ranges::find_if(
-      values, [&](const PSValidValue& valid) { return isSame(valid.value, *value); });
+      values, [&](const PSValidValue& valid) { return standsFor(valid, *value); });
   if (found == values.end()) return std::nullopt;
   return static_cast<std::size_t>(found - values.begin());
 }

@@ -12,9 +12,12 @@ namespace frelta {
 struct PSValidValue {
   PropertyListValue value;
   std::string title;
+  /// Whether it stands for every higher number too.
+  bool andHigher = false;
 };
 
-/// As many as there are both values and titles.
+/// As many as there are both values and titles. The last one stands for higher numbers too where
+/// the row's "validValuesGoOn" is true.
 std::vector<PSValidValue> validValues(const PSSpecifier& specifier);
 
 /// Which of them the value is; nothing for none. A number is compared as a number, whatever type it

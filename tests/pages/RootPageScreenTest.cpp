@@ -1,4 +1,5 @@
 #include "preferences/PSEditableTableCell.h"
+#include "preferences/PSSegmentTableCell.h"
 #include "preferences/PSSwitchTableCell.h"
 #include "selector/FreltaThemeSelectorViewController.h"
 #include "tests/pages/PagesTest.h"
@@ -27,6 +28,22 @@ TEST_F(RootPageScreenTest, AnotherNameLoadsAnotherDescription) {
   show(page);
 
   EXPECT_THAT(identifiers(*page), ElementsAre("A"));
+}
+
+TEST_F(RootPageScreenTest, EveryBackgroundModeThatShowsARowHasItsSegment) {
+  const auto segmentIn = [this](const PropertyListValue& mode) {
+    putSettings({{"BackgroundMode", mode}});
+    const auto page = showRoot();
+    const auto* control = cell<PSSegmentTableCell>(*page, "BackgroundMode")->control();
+    const int selected = control->selectedSegmentIndex();
+    const bool widget = cell(*page, "FreltaWidgetCell") != nullptr;
+    return std::pair(selected, widget);
+  };
+
+  EXPECT_EQ(segmentIn(3), std::pair(3, false));
+  for (const int mode : {4, 5, 7, 2'147'483'647}) EXPECT_EQ(segmentIn(mode), std::pair(4, true));
+  EXPECT_EQ(segmentIn(7.9), std::pair(4, true));
+  EXPECT_EQ(segmentIn(-1), std::pair(UISegmentedControl::kNoSegment, false));
 }
 
 TEST_F(RootPageScreenTest, ThePageIsTheCurrentRootPageWhileItShows) {
@@ -98,6 +115,18 @@ TEST_F(RootPageScreenTest, TheCurrentRootPageIsHeldUntilItHasDisappeared) {
 
   EXPECT_TRUE(heldWhileCurrent);
   EXPECT_TRUE(held.expired());
+}
+
+TEST_F(RootPageScreenTest, APageThatDisappearsLeavesNoCurrentRootPageWhicheverItWas) {
+  const auto first = std::make_shared<freltaprefsRootListController>();
+  const auto second = std::make_shared<freltaprefsRootListController>();
+  for (const auto& page : {first, second}) page->setBundle(&bundle);
+  first->viewWillAppear(false);
+  second->viewWillAppear(false);
+
+  first->viewWillDisappear(false);
+
+  EXPECT_EQ(freltaprefsRootListController::currentRootPage(), nullptr);
 }
 
 TEST_F(RootPageScreenTest, WhatASubPageChangedShowsOnReturn) {

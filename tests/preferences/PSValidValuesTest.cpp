@@ -39,6 +39,26 @@ TEST(PSValidValues, ANumberIsFoundWhateverTypeItWasStoredAs) {
   EXPECT_EQ(indexOfValidValue(values, std::nullopt), std::nullopt);
 }
 
+TEST(PSValidValues, TheLastNumberStandsForHigherOnesWhereTheRowSaysSo) {
+  PSSpecifier row = rowWith({0, 4}, {"None", "Widget"});
+  const auto indexOf = [&](const PropertyListValue& value) {
+    return indexOfValidValue(validValues(row), value);
+  };
+  EXPECT_EQ(indexOf(5), std::nullopt);
+
+  row.setProperty(true, "validValuesGoOn");
+
+  EXPECT_EQ(indexOf(4), 1u);
+  EXPECT_EQ(indexOf(5), 1u);
+  EXPECT_EQ(indexOf(7.5), 1u);
+  EXPECT_EQ(indexOf(0), 0u);
+  EXPECT_EQ(indexOf(3), std::nullopt);
+  EXPECT_EQ(indexOf(-1), std::nullopt);
+  EXPECT_EQ(titleForValue(row, PropertyListValue(7)), "Widget");
+  row.setProperty(false, "validValuesGoOn");
+  EXPECT_EQ(indexOf(5), std::nullopt);
+}
+
 TEST(PSValidValues, ATextIsFoundOnlyAsTheSameText) {
   const auto values = validValues(rowWith({"one", "1"}, {"a", "b"}));
 
