@@ -124,16 +124,15 @@ void FreltaStyleLibrary::setStyle(const std::shared_ptr<FreltaStyleItem>& item, 
   const Entry group = groupForStyle(item);
   if (!group) return;
   group->updateEnabledState();
-  const auto path = indexPathForSortedStyle(group);
-  if (path) {
+  if (const auto path = indexPathForSortedStyle(group)) {
     table_->updateHeaderCell(*path);
     table_->updateSubCells(*path);
   }
 
   const bool on = group->enabledState() != FreltaEnabledStateNone;
   if (!holds(on ? sortedStyles_ : enabledStyles_, group)) return;
-  Platform::current().mainQueue->async([self = strongReference(), group, path, on] {
-    self->moveToSection(group, path, on ? kEnabledSection : kLibrarySection);
+  Platform::current().mainQueue->async([self = strongReference(), group, on] {
+    self->moveToSection(group, on ? kEnabledSection : kLibrarySection);
   });
 }
 
@@ -181,21 +180,22 @@ const FreltaStyleLibrary::Entries& FreltaStyleLibrary::entriesInSection(int sect
   return section == kEnabledSection ? enabledStyles_ : sortedStyles_;
 }
 
-void FreltaStyleLibrary::moveToSection(const Entry& group, std::optional<IndexPath> from,
-                                       int section) {
+void FreltaStyleLibrary::moveToSection(const Entry& group, int section) {
   Entries& left = section == kEnabledSection ? sortedStyles_ : enabledStyles_;
   Entries& entered = section == kEnabledSection ? enabledStyles_ : sortedStyles_;
+  const auto place = std::ranges::find(left, group);
   // A second tap may have asked for the same move before the first one's turn.
-  if (!holds(left, group)) return;
+  if (place == left.end()) return;
+  // Another group's move may have come first, and a group off screen has no cell to ask.
+  const IndexPath from{section == kEnabledSection ? kLibrarySection : kEnabledSection,
+                       static_cast<int>(place - left.begin())};
   const IndexPath to{section, 0};
   if (table_) table_->beginUpdates();
   std::erase(left, group);
   entered.insert(entered.begin(), group);
   if (!table_) return;
-  if (from) table_->moveRowAtIndexPath(*from, to);
+  table_->moveRowAtIndexPath(from, to);
   table_->endUpdates();
-  // A row that was off screen when it was switched has no place to move from.
-  if (!from) table_->reloadData();
   table_->scrollToRowAtIndexPath(to);
 }
 

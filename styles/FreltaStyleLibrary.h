@@ -100,7 +100,7 @@ class FreltaStyleLibrary {
 
  private:
   const Entries& entriesInSection(int section) const;
-  void moveToSection(const Entry& group, std::optional<IndexPath> from, int section);
+  void moveToSection(const Entry& group, int section);
 
   std::int32_t isExtras_ = FreltaStyleModeImages;
   Entries originalStylesList_;

@@ -93,14 +93,29 @@ TEST_F(StyleMoves, AnItemOfNoGroupJustChanges) {
   EXPECT_EQ(platform.mainQueue.pending(), 0U);
 }
 
-TEST_F(StyleMoves, AGroupThatIsScrolledAwayMovesWithAReload) {
-  selector->setSortedStyles({a});
+TEST_F(StyleMoves, AGroupThatIsScrolledAwayMovesFromItsPlaceInTheList) {
+  selector->setSortedStyles({c, a});
 
   selector->setStyle(a->items()->at(0), true);
   platform.mainQueue.runPending();
 
   EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(a));
-  EXPECT_THAT(table.did, testing::ElementsAre("begin", "end", "reload", "scroll to 0.0"));
+  EXPECT_THAT(table.did, testing::ElementsAre("begin", "move 1.1 to 0.0", "end", "scroll to 0.0"));
+}
+
+TEST_F(StyleMoves, OfTwoInOneTurnTheSecondMovesFromWhereTheFirstLeftIt) {
+  selector->setSortedStyles({a, b});
+  table.cells = {{a, IndexPath{1, 0}}, {b, IndexPath{1, 1}}};
+
+  selector->setStyle(a->items()->at(0), true);
+  selector->setStyle(b->items()->at(0), true);
+  table.did.clear();
+  platform.mainQueue.runPending();
+
+  EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(b, a));
+  EXPECT_THAT(table.did,
+              testing::ElementsAre("begin", "move 1.0 to 0.0", "end", "scroll to 0.0", "begin",
+                                   "move 1.0 to 0.0", "end", "scroll to 0.0"));
 }
 
 TEST_F(StyleMoves, AGroupsDeferredMoveKeepsTheSelectorAndTheGroupAlive) {
