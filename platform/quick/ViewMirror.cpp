@@ -26,11 +26,6 @@ QUrl urlOf(const QString& looks) {
   return QUrl(QStringLiteral("qrc:/Frelta/Quick/qml/%1.qml").arg(looks));
 }
 
-void askForLayout(UIView& view) {
-  view.setNeedsLayout();
-  for (const auto& subview : view.subviews()) askForLayout(*subview);
-}
-
 }  // namespace
 
 ViewMirror::ViewMirror(UIView& root, QQuickItem& rootItem) : root_(root), rootItem_(rootItem) {
@@ -52,14 +47,18 @@ ViewMirror::~ViewMirror() {
 void ViewMirror::setStyle(UserInterfaceStyle style, bool highContrast, bool reducedMotion) {
   theme_.setStyle(style, highContrast, reducedMotion);
   // What views make of the colours that they see now.
-  askForLayout(root_);
+  UIView::setAllNeedLayout();
+  root_.setNeedsLayout();
   syncAll();
 }
 
 void ViewMirror::syncAll() {
+  ++round_;
   // Rows that come with new colours make new nodes.
   const QSet<ViewNode*> nodes = nodes_;
-  for (ViewNode* node : nodes) node->sync();
+  for (ViewNode* node : nodes) {
+    if (node->view() && node->view()->isDescendantOfView(root_)) node->sync();
+  }
 }
 
 const UIView* ViewMirror::frontLayer() const {

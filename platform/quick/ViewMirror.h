@@ -44,6 +44,9 @@ class ViewMirror : public QObject {
 
   ImageTextures& textures() { return textures_; }
 
+  /// How often everything was taken anew so far. A node from before, whose view was in no window
+  /// then, catches up when the view comes back.
+  unsigned round() const { return round_; }
   void markDirty(ViewNode& node);
   /// Has the node synchronised for each frame until what its view shows stands still.
   void followAnimation(ViewNode& node) { animated_.insert(&node); }
@@ -80,6 +83,7 @@ class ViewMirror : public QObject {
   std::vector<ViewNode*> dirty_;
   ImageTextures textures_;
   const UIView* shownFrontLayer_ = nullptr;  // at the last flush; it may be gone
+  unsigned round_ = 0;
   double sideMargin_ = 0;
   bool flushScheduled_ = false;
   bool flushing_ = false;

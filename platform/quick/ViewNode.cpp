@@ -62,6 +62,7 @@ void ViewNode::syncTree(QQuickItem* parentItem) {
     syncGeometry();
   }
   if (item_->parentItem() != parentItem) item_->setParentItem(parentItem);
+  catchUp();
   if (treeDirty_) syncChildren();
 }
 
@@ -84,8 +85,17 @@ void ViewNode::syncChildren() {
   }
 }
 
+void ViewNode::catchUp() {
+  if (round_ == mirror_.round()) return;
+  sync();
+  for (const auto& subview : view_->subviews()) {
+    if (auto* node = dynamic_cast<ViewNode*>(subview->observer())) node->catchUp();
+  }
+}
+
 void ViewNode::sync() {
   dirty_ = false;
+  round_ = mirror_.round();
   if (!view_) return;
   const std::optional<UIColor> color = view_->presentation().backgroundColor;
   backgroundColor_ = color ? mirror_.theme().resolve(*color) : QColor(Qt::transparent);

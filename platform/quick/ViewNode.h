@@ -48,6 +48,8 @@ class ViewNode : public QObject, public UIViewObserver {
   /// Makes the item and those of the subviews, as far as they are missing; puts them in order.
   void syncTree(QQuickItem* parentItem);
   void sync();
+  /// Takes the snapshots of the view and all below it that are from before the mirror's last round.
+  void catchUp();
   /// Stops the watch; the node is of no use then.
   void letGoOfView();
 
@@ -79,6 +81,7 @@ class ViewNode : public QObject, public UIViewObserver {
   QPointer<QQuickItem> item_;
   bool treeDirty_ = true;
   bool dirty_ = true;
+  unsigned round_ = 0;  // of the mirror, when the snapshot was taken
 
   QColor backgroundColor_ = Qt::transparent;
   double cornerRadius_ = 0;

@@ -6,6 +6,9 @@ namespace frelta {
 
 namespace {
 
+/// Counts how often all views were asked to be laid out anew.
+unsigned currentLayoutRound = 0;
+
 // One axis of the platform's autoresizing: the change of the superview's length goes to the
 // flexible parts in proportion to their lengths, in equal shares when they are all empty.
 void resizeAxis(double& origin, double& length, double oldTotal, double newTotal,
@@ -171,11 +174,17 @@ void UIView::setNeedsLayout() {
   }
 }
 
+void UIView::setAllNeedLayout() {
+  ++currentLayoutRound;
+}
+
 void UIView::layoutIfNeeded() {
-  if (!subtreeNeedsLayout_) return;
-  if (needsLayout_) {
+  const bool isNewRound = layoutRound_ != currentLayoutRound;
+  if (!subtreeNeedsLayout_ && !isNewRound) return;
+  if (needsLayout_ || isNewRound) {
     // A layout that throws is not tried again until someone asks for it.
     needsLayout_ = false;
+    layoutRound_ = currentLayoutRound;
     layoutSubviews();
     // Adding or resizing subviews during layout asks for no second one.
     needsLayout_ = false;

@@ -141,6 +141,10 @@ class UIView {
   virtual void didMoveToSuperview() {}
 
   void setNeedsLayout();
+  /// Has every view there is laid out anew by the next layoutIfNeeded() that reaches it, those that
+  /// are in no window when they come into one: what all of them see has changed, such as the
+  /// appearance.
+  static void setAllNeedLayout();
   /// Runs the pending layout of the view and of all below it.
   void layoutIfNeeded();
   virtual void layoutSubviews() {}
@@ -197,6 +201,7 @@ class UIView {
   bool clipsToBounds_ = false;
   bool needsLayout_ = true;
   bool subtreeNeedsLayout_ = true;
+  unsigned layoutRound_ = 0;  // of the last layout
   std::optional<UIColor> backgroundColor_;
   std::optional<CAShapeLayer> maskLayer_;
   std::unique_ptr<UIViewAnimatedProperties> animated_;  // null when nothing was animated

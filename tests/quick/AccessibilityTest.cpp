@@ -2,7 +2,9 @@
 #include <QAccessibleActionInterface>
 
 #include "tests/quick/WindowTest.h"
+#include "uikit/UIAlertController.h"
 #include "uikit/UIButton.h"
+#include "uikit/UINavigationController.h"
 #include "uikit/UISegmentedControl.h"
 #include "uikit/UISlider.h"
 #include "uikit/UITextField.h"
@@ -80,6 +82,31 @@ TEST_F(AccessibilityTest, AReloadTellsTheNewTitlesOfRowsThatStayWhereTheyAre) {
   settle();
 
   EXPECT_THAT(names(), testing::ElementsAre("new", "newer"));
+}
+
+TEST_F(AccessibilityTest, WhatComesBackAfterAnAlertElsewhereIsToldAgain) {
+  auto screen = std::make_shared<PlainScreen>();
+  auto* group = screen->view().addSubview(std::make_unique<UIView>(CGRect(0, 0, 200, 50)));
+  auto* button = group->addSubview(
+      std::make_unique<UIButton>(UIButtonType::System, CGRect(0, 0, 100, 44)));
+  button->setTitle("Here");
+  auto stack = std::make_shared<UINavigationController>();
+  stack->pushViewController(screen, false);
+  show(stack);
+  ASSERT_TRUE(element(QStringLiteral("Here")));
+  auto over = std::make_shared<PlainScreen>();
+  stack->pushViewController(over, false);
+  settle();
+
+  auto alert = UIAlertController::alertControllerWithTitle("Alert", "");
+  over->presentViewController(alert, false);
+  settle();
+  alert->dismissViewControllerAnimated(false);
+  settle();
+  stack->popViewControllerAnimated(false);
+  settle();
+
+  EXPECT_TRUE(element(QStringLiteral("Here")));
 }
 
 TEST_F(AccessibilityTest, TheOrderStaysTheVisualOneAfterScrolling) {

@@ -230,6 +230,31 @@ TEST(UIView, LayoutRunsOnceForAnyNumberOfRequests) {
   EXPECT_EQ(view.passes, 2);
 }
 
+TEST(UIView, AllAreLaidOutAnewAndThoseInNoTreeWhenTheyComeIntoOne) {
+  LayoutCountingView root;
+  auto* there = root.addSubview(std::make_unique<LayoutCountingView>());
+  auto* leaving = root.addSubview(std::make_unique<LayoutCountingView>());
+  auto* leaf = leaving->addSubview(std::make_unique<LayoutCountingView>());
+  root.layoutIfNeeded();
+  auto left = leaving->removeFromSuperview();
+  root.layoutIfNeeded();
+  ASSERT_EQ(root.passes, 2);
+
+  UIView::setAllNeedLayout();
+  root.layoutIfNeeded();
+  root.layoutIfNeeded();
+
+  EXPECT_EQ(root.passes, 3);
+  EXPECT_EQ(there->passes, 2);
+  EXPECT_EQ(leaf->passes, 1);
+  root.addSubview(std::move(left));
+  root.layoutIfNeeded();
+  root.layoutIfNeeded();
+  EXPECT_EQ(leaving->passes, 2);
+  EXPECT_EQ(leaf->passes, 2);
+  EXPECT_EQ(there->passes, 2);
+}
+
 TEST(UIView, OnlyViewsThatAskedAreLaidOut) {
   LayoutCountingView root;
   auto* asking = root.addSubview(std::make_unique<LayoutCountingView>());
