@@ -46,6 +46,9 @@ class FreltaThemeSelectorViewController : public UIViewController,
   int numberOfRowsInSection(UITableView&, int section) override;
   std::unique_ptr<UITableViewCell> cellForRowAtIndexPath(UITableView& table,
                                                          IndexPath path) override;
+  std::shared_ptr<const void> itemForRowAtIndexPath(UITableView&, IndexPath path) override {
+    return entryAt(path);
+  }
   bool canMoveRowAtIndexPath(UITableView&, IndexPath) override { return false; }
   double heightForRowAtIndexPath(UITableView&, IndexPath path) override;
   std::optional<IndexPath> willSelectRowAtIndexPath(UITableView& table, IndexPath path) override;

@@ -24,17 +24,22 @@ UIColor rowColor(UITableViewStyle style) {
                                           : UIColor::secondarySystemGroupedBackgroundColor();
 }
 
-/// Notes that a cell is being made, for as long as it lives.
+std::unique_ptr<UITableViewCell> cellOf(std::unique_ptr<UIView> view) {
+  return std::unique_ptr<UITableViewCell>(static_cast<UITableViewCell*>(view.release()));
+}
+
+/// Notes which row's cell is being made, for as long as it lives.
 class MakingCell {
  public:
-  explicit MakingCell(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-  ~MakingCell() { flag_ = before_; }
+  MakingCell(std::optional<IndexPath>& row, IndexPath path)
+      : row_(row), before_(std::exchange(row, path)) {}
+  ~MakingCell() { row_ = before_; }
   MakingCell(const MakingCell&) = delete;
   MakingCell& operator=(const MakingCell&) = delete;
 
  private:
-  bool& flag_;
-  bool before_;
+  std::optional<IndexPath>& row_;
+  std::optional<IndexPath> before_;
 };
 
 }  // namespace
@@ -103,7 +108,7 @@ void UITableView::scrollToRowAtIndexPath(IndexPath path, UITableViewScrollPositi
 
 std::unique_ptr<UITableViewCell> UITableView::dequeueReusableCellWithIdentifier(
     const std::string& identifier) {
-  std::unique_ptr<UITableViewCell> cell = pool_.take(identifier);
+  std::unique_ptr<UITableViewCell> cell = pool_.take(identifier, rowBeingMade_);
   if (cell) cell->prepareForReuse();
   return cell;
 }
@@ -188,13 +193,13 @@ void UITableView::setSeparatorColor(const UIColor& color) {
 
 void UITableView::beginUpdates() {
   // What is shown before the updates must be what the data source said before them.
-  if (updateDepth_++ == 0 && !makingCell_) layoutIfNeeded();
+  if (updateDepth_++ == 0 && !rowBeingMade_) layoutIfNeeded();
 }
 
 void UITableView::endUpdates() {
   if (updateDepth_ == 0 || --updateDepth_ > 0) return;
   const UITableViewUpdates updates = std::exchange(updates_, {});
-  if (!makingCell_) {
+  if (!rowBeingMade_) {
     if (!needsReload_) applyUpdates(updates);
   } else if (!updates.areEmpty()) {
     Platform::current().mainQueue->async([this, alive = lifetime()] {
@@ -285,12 +290,18 @@ void UITableView::userDidPressRowAction(std::shared_ptr<UITableViewRowAction> ac
 
 void UITableView::updateLayout() {
   if (!needsReload_ && frame().size.width == layoutWidth_) return;
-  if (needsReload_) {
-    // Every row is asked for anew; the cells wait in the pool for it.
-    recycleRowsOutside(1, 0);
-  }
+  const bool isReload = needsReload_;
+  // Every row is asked for anew; the cells wait in the pool for it.
+  if (isReload) recycleForReload();
   needsReload_ = false;
   askForLayout();
+  if (isReload) {
+    pool_.keepRows([this](IndexPath path, const UITableViewCell& cell) {
+      const auto item = cell.item().lock();
+      return item && layout_.contains(path) &&
+             dataSource_->itemForRowAtIndexPath(*this, path) == item;
+    });
+  }
   if (selectedRow_ && !layout_.contains(*selectedRow_)) selectedRow_.reset();
   setContentSize(layout_.contentSize());
 }
@@ -330,6 +341,7 @@ void UITableView::layoutSubviews() {
   const double minY = bounds().minY() - margin;
   const double maxY = bounds().maxY() + margin;
   addRowsWithin(minY, maxY);
+  pool_.keepRows([](IndexPath, const UITableViewCell&) { return false; });
   titles_.place(layout_, minY, maxY);
   sortSubviews();
 }
@@ -350,8 +362,15 @@ void UITableView::recycle(const std::vector<UITableViewCell*>& leaving) {
   // again, and the keyboard stays in its row.
   for (auto cell = leaving.rbegin(); cell != leaving.rend(); ++cell) {
     (*cell)->endEditing(true);
-    std::unique_ptr<UIView> owner = (*cell)->removeFromSuperview();
-    pool_.put(std::unique_ptr<UITableViewCell>(static_cast<UITableViewCell*>(owner.release())));
+    pool_.put(cellOf((*cell)->removeFromSuperview()));
+  }
+}
+
+void UITableView::recycleForReload() {
+  const auto leaving = std::exchange(cells_, {});
+  for (auto entry = leaving.rbegin(); entry != leaving.rend(); ++entry) {
+    entry->second->endEditing(true);
+    pool_.putForRow(cellOf(lendSubview(*entry->second)), entry->first);
   }
 }
 
@@ -374,14 +393,20 @@ void UITableView::addRowsWithin(double minY, double maxY) {
 
 UITableViewCell* UITableView::makeCell(IndexPath path, const CGRect& frame) {
   UITableViewCell* cell = nullptr;
-  const MakingCell making(makingCell_);
-  performWithoutAnimation([&] {
+  const MakingCell making(rowBeingMade_, path);
+  const auto make = [&] {
     cell = addSubview(dataSource_->cellForRowAtIndexPath(*this, path));
     cells_[path] = cell;
+    cell->setItem(dataSource_->itemForRowAtIndexPath(*this, path));
     if (!cell->backgroundColor()) cell->setBackgroundColor(rowColor(layout_.style()));
     cell->setFrame(frame);
     describe(*cell, path);
-  });
+  };
+  if (pool_.waitsForRow(path)) {
+    make();
+  } else {
+    performWithoutAnimation(make);
+  }
   return cell;
 }
 

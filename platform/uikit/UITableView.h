@@ -40,7 +40,8 @@ class UITableView : public UIScrollView {
   void setDataSource(UITableViewDataSource* dataSource);
   void setDelegate(UITableViewDelegate* delegate);
 
-  /// Asks everything anew at the next layout. Scrolling stays where it is, within the new content.
+  /// Asks everything anew at the next layout. Scrolling stays where it is, within the new content;
+  /// so does what moves in rows that show the same item as before.
   void reloadData();
   int numberOfSections();
   int numberOfRowsInSection(int section);
@@ -129,6 +130,8 @@ class UITableView : public UIScrollView {
   void addRowsWithin(double minY, double maxY);
   /// Gives up the cells to the pool.
   void recycle(const std::vector<UITableViewCell*>& leaving);
+  /// All of them, for their rows to have them back.
+  void recycleForReload();
   UITableViewCell* makeCell(IndexPath path, const CGRect& frame);
   /// Tells the cell what the data source and the delegate say of its row.
   void describe(UITableViewCell& cell, IndexPath path);
@@ -142,7 +145,7 @@ class UITableView : public UIScrollView {
   double layoutWidth_ = -1;
   int updateDepth_ = 0;
   UITableViewUpdates updates_;
-  bool makingCell_ = false;
+  std::optional<IndexPath> rowBeingMade_;
   bool editing_ = false;
   bool allowsSelectionDuringEditing_ = false;
   double estimatedRowHeight_ = 0;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "uikit/UIImageView.h"
 #include "uikit/UILabel.h"
@@ -84,6 +86,10 @@ class UITableViewCell : public UIView {
   /// For the table.
   void setGroupPosition(UITableViewCellGroupPosition position);
 
+  /// What its row shows. For the table.
+  const std::weak_ptr<const void>& item() const { return item_; }
+  void setItem(std::weak_ptr<const void> item) { item_ = std::move(item); }
+
   /// Before the cell is used for another row.
   virtual void prepareForReuse() {}
   void layoutSubviews() override;
@@ -110,6 +116,7 @@ class UITableViewCell : public UIView {
   double trailingEdge(double width) const;
   void layoutTexts(const CGRect& area);
 
+  std::weak_ptr<const void> item_;
   UITableViewCellStyle style_;
   std::string reuseIdentifier_;
   UITableViewCellAccessoryType accessoryType_ = UITableViewCellAccessoryType::None;

@@ -134,17 +134,21 @@ void UIView::insertSubview(std::unique_ptr<UIView> view, std::size_t index) {
 
 std::unique_ptr<UIView> UIView::removeFromSuperview() {
   if (!superview_) return nullptr;
-  UIView& parent = *superview_;
-  const auto found = std::find_if(parent.subviews_.begin(), parent.subviews_.end(),
-                                  [this](const auto& view) { return view.get() == this; });
-  std::unique_ptr<UIView> self = std::move(*found);
-  parent.subviews_.erase(found);
-  superview_ = nullptr;
+  std::unique_ptr<UIView> self = superview_->lendSubview(*this);
   stopAnimations();
-  parent.setNeedsLayout();
-  if (parent.observer_) parent.observer_->viewDidChangeSubviews(parent);
-  didMoveToSuperview();
   return self;
+}
+
+std::unique_ptr<UIView> UIView::lendSubview(UIView& view) {
+  const auto found = std::find_if(subviews_.begin(), subviews_.end(),
+                                  [&view](const auto& owner) { return owner.get() == &view; });
+  std::unique_ptr<UIView> lent = std::move(*found);
+  subviews_.erase(found);
+  view.superview_ = nullptr;
+  setNeedsLayout();
+  if (observer_) observer_->viewDidChangeSubviews(*this);
+  view.didMoveToSuperview();
+  return lent;
 }
 
 void UIView::reorderSubviews(const std::vector<UIView*>& order) {

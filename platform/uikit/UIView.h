@@ -115,6 +115,8 @@ class UIView {
   /// While animations are off all of them have no length. They are on at first.
   static bool areAnimationsEnabled();
   static void setAnimationsEnabled(bool areEnabled);
+  /// Shows this view and all below it at the model's values at once.
+  void stopAnimations();
   /// What is shown now.
   UIViewPresentation presentation() const;
   /// Whether what is shown is on its way to the model's values.
@@ -182,6 +184,9 @@ class UIView {
   /// Tells the observer that the view looks or reads differently now.
   void didChange();
   void setBoundsOrigin(CGPoint origin);
+  /// Gives one of the subviews to the caller, who will add it again at once: what moves at and below
+  /// it moves on.
+  std::unique_ptr<UIView> lendSubview(UIView& view);
   /// Brings the subviews into another order; must be a permutation of them.
   void reorderSubviews(const std::vector<UIView*>& order);
 
@@ -189,8 +194,6 @@ class UIView {
   void resizeWithOldSuperviewSize(CGSize oldSize);
   /// Where to tell of a change of the model; null when it concerns no animation.
   UIViewAnimatedProperties* animatedProperties();
-  /// Of this view and all below it.
-  void stopAnimations();
 
   CGRect frame_;
   CGPoint boundsOrigin_;

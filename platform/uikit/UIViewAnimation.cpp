@@ -151,8 +151,9 @@ UIViewPresentation UIView::presentation() const {
 }
 
 bool UIView::isAnimating() const {
-  return animated_ && (animated_->frame.isRunning() || animated_->alpha.isRunning() ||
-                       animated_->backgroundColor.isRunning());
+  return animated_ &&
+         (animated_->frame.isMoving(frame()) || animated_->alpha.isMoving(alpha_) ||
+          animated_->backgroundColor.isMoving(backgroundColor_));
 }
 
 UIViewAnimatedProperties* UIView::animatedProperties() {

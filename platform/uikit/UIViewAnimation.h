@@ -70,6 +70,8 @@ class UIViewAnimatedProperty {
     return isRunning() ? Value(mixed(from_, model, animation_->progress())) : model;
   }
   bool isRunning() const { return animation_ && animation_->isRunning(); }
+  /// Whether it is on its way to the model's value, and not there already.
+  bool isMoving(const Value& model) const { return isRunning() && from_ != model; }
   void stop() {
     if (const auto before = std::exchange(animation_, nullptr)) before->interrupt();
   }

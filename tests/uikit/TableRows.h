@@ -45,6 +45,9 @@ class TableRows : public UITableViewDataSource, public UITableViewDelegate {
     if (fill) fill(*cell, path);
     return cell;
   }
+  std::shared_ptr<const void> itemForRowAtIndexPath(UITableView&, IndexPath path) override {
+    return item ? item(path) : nullptr;
+  }
   double heightForRowAtIndexPath(UITableView& table, IndexPath path) override {
     ++heightQuestions;
     return height ? height(table, path) : UITableView::kDefaultRowHeight;
@@ -67,6 +70,7 @@ class TableRows : public UITableViewDataSource, public UITableViewDelegate {
     return std::make_unique<UITableViewCell>(UITableViewCellStyle::Default, std::move(name));
   };
   std::function<void(UITableViewCell&, IndexPath)> fill;
+  std::function<std::shared_ptr<const void>(IndexPath)> item;
   std::function<double(UITableView&, IndexPath)> height;
   std::function<std::optional<IndexPath>(IndexPath)> allowed;
   std::function<void(IndexPath)> selected;

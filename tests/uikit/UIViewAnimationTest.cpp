@@ -196,6 +196,33 @@ TEST_F(UIViewAnimationTest, SettingWhatIsSetAlreadyLeavesAnAnimationRunning) {
   EXPECT_THAT(ends, ElementsAre(true));
 }
 
+TEST_F(UIViewAnimationTest, AWayThereAndBackInOneTurnMovesNothing) {
+  UIView view({0, 0, 100, 50});
+  fade(view, 0, 0.2);
+
+  fade(view, 1, 0.2);
+
+  EXPECT_FALSE(view.isAnimating());
+  EXPECT_EQ(view.presentation().alpha, 1);
+  advance(0.1);
+  EXPECT_EQ(view.presentation().alpha, 1);
+  advance(0.1);
+  EXPECT_THAT(ends, ElementsAre(false, true));
+}
+
+TEST_F(UIViewAnimationTest, WhatIsStoppedIsThereAndToldSo) {
+  UIView root({0, 0, 100, 50});
+  auto* view = root.addSubview(std::make_unique<UIView>(CGRect(0, 0, 10, 10)));
+  fade(*view, 0, 0.2);
+  advance(0.1);
+
+  root.stopAnimations();
+
+  EXPECT_EQ(view->presentation().alpha, 0);
+  advance(0);
+  EXPECT_THAT(ends, ElementsAre(false));
+}
+
 TEST_F(UIViewAnimationTest, AChangeAfterTheEndInterruptsNothing) {
   UIView view;
   fade(view, 0, 0.2);
