@@ -119,10 +119,19 @@ void FreltaStyleCell::applyBackgroundColor() {
   FreltaStyleContentsCell::setCustomBackgroundColor(card);
   if (headerView_) headerView_->contentView()->setBackgroundColor(card);
   FreltaToggleButton::setDisabledColor(disabledColorOnGround(*ground));
+  // What was made before the class had its colours takes them too: one appearance, one grey.
+  if (headerView_) headerView_->enableButton()->updateDisabledColor();
   if (!subCellsView_) return;
-  // Rows that were made before the class had the colour join the header too.
-  for (const auto& row : subCellsView_->subviews())
-    static_cast<FreltaStyleSubCell&>(*row).contentView()->contentView()->setBackgroundColor(card);
+  // Item rows overlap one another and the header: what is seen through would be seen twice there.
+  UIColor joined = card;
+  for (const UIView* behind = this; behind; behind = behind->superview()) {
+    if (behind->backgroundColor()) joined = colorOver(joined, *behind->backgroundColor());
+  }
+  for (const auto& row : subCellsView_->subviews()) {
+    const FreltaStyleContentsCell& view = *static_cast<FreltaStyleSubCell&>(*row).contentView();
+    view.contentView()->setBackgroundColor(joined);
+    view.enableButton()->updateDisabledColor();
+  }
 }
 
 // Labels that were cut or fitted in another width, and masks, do not follow by themselves.

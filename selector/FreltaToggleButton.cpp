@@ -46,6 +46,10 @@ void FreltaToggleButton::setDisabledColor(std::optional<UIColor> color) {
   classDisabledColor() = color;
 }
 
+void FreltaToggleButton::updateDisabledColor() {
+  if (enabledState_ == FreltaEnabledStateNone) setBackgroundColor(disabledColor());
+}
+
 void FreltaToggleButton::setEnabledState(std::int32_t state, bool animated) {
   enabledState_ = state;
   animateWithDuration(animated ? kFadeSeconds : 0, [this] { showState(); });

@@ -19,6 +19,9 @@ class FreltaToggleButton : public UIButton {
   /// brings back the default, which the next button made finds.
   static void setDisabledColor(std::optional<UIColor> color);
 
+  /// Takes that background now if the state is 0.
+  void updateDisabledColor();
+
   /// A FreltaEnabledState; any other number is kept too.
   std::int32_t enabledState() const { return enabledState_; }
   /// The state changes at once, the look over 0.25 seconds when animated. A number that is no

@@ -39,6 +39,23 @@ UIColor disabledColorOnGround(const UIColor& ground) {
   });
 }
 
+UIColor colorOver(const UIColor& color, const UIColor& behind) {
+  const auto in = [&](UserInterfaceStyle style) {
+    const Components front = color.componentsForStyle(style);
+    const Components back = behind.componentsForStyle(style);
+    const double share = back.alpha * (1 - front.alpha);
+    const double alpha = front.alpha + share;
+    if (alpha == 0) return front;
+    const auto part = [&](double over, double under) {
+      return (over * front.alpha + under * share) / alpha;
+    };
+    return Components{part(front.red, back.red), part(front.green, back.green),
+                      part(front.blue, back.blue), alpha};
+  };
+  return UIColor::colorWithLightAndDark(in(UserInterfaceStyle::Light),
+                                        in(UserInterfaceStyle::Dark));
+}
+
 bool isWhiteGround(const UIColor& ground) {
   const auto components = ground.getRed();
   return !components || isOpaqueWhite(*components);

@@ -13,6 +13,9 @@ UIColor cardColorOnGround(const UIColor& ground);
 /// Of pills that are off: a little lighter than the ground.
 UIColor disabledColorOnGround(const UIColor& ground);
 
+/// What the colour looks like on the other one; as opaque as both together.
+UIColor colorOver(const UIColor& color, const UIColor& behind);
+
 /// Whether the ground is opaque white as it is seen now; also when that cannot be told.
 bool isWhiteGround(const UIColor& ground);
 

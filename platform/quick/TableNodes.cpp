@@ -38,6 +38,10 @@ void TableNode::syncContents() {
   const UITableView& table = *viewAs<UITableView>(*this);
   contentHeight_ = table.contentSize().height;
   contentY_ = table.contentOffset().y;
+  const auto cells = table.visibleCells();
+  const bool goesOn = table.style() == UITableViewStyle::Plain && !cells.empty();
+  const auto ground = goesOn ? cells.back()->backgroundColor() : std::nullopt;
+  groundBelow_ = ground ? mirror().theme().resolve(*ground) : QColor(Qt::transparent);
 }
 
 void TableNode::scrolledTo(double y) {

@@ -23,6 +23,8 @@ class TableNode : public ViewNode {
   Q_PROPERTY(double contentHeight MEMBER contentHeight_ NOTIFY changed)
   Q_PROPERTY(double contentY MEMBER contentY_ NOTIFY changed)
   Q_PROPERTY(double sideMargin READ sideMargin NOTIFY sideMarginChanged)
+  /// Of a plain table's last row, which goes on below it; see-through otherwise.
+  Q_PROPERTY(QColor groundBelow MEMBER groundBelow_ NOTIFY changed)
 
  public:
   TableNode(UITableView& table, ViewMirror& mirror);
@@ -44,6 +46,7 @@ class TableNode : public ViewNode {
  private:
   double contentHeight_ = 0;
   double contentY_ = 0;
+  QColor groundBelow_ = Qt::transparent;
 };
 
 class CellNode : public ViewNode {

@@ -18,10 +18,15 @@ UIColor tableColor(UITableViewStyle style) {
                                           : UIColor::systemGroupedBackgroundColor();
 }
 
-/// Of a cell that has no colour of its own.
+/// White at 6 %, in whole parts of what a screen shows: layers of it look as they are worked out.
+constexpr double kStepInTheDark = 15 / 255.0;
+
+/// Of a cell that has no colour of its own. In the dark a plain row is a step above its table, and
+/// what takes its colour a step above the row.
 UIColor rowColor(UITableViewStyle style) {
-  return style == UITableViewStyle::Plain ? UIColor::systemBackgroundColor()
-                                          : UIColor::secondarySystemGroupedBackgroundColor();
+  return style == UITableViewStyle::Plain
+             ? UIColor::colorWithLightAndDark({1, 1, 1, 1}, {1, 1, 1, kStepInTheDark})
+             : UIColor::secondarySystemGroupedBackgroundColor();
 }
 
 std::unique_ptr<UITableViewCell> cellOf(std::unique_ptr<UIView> view) {

@@ -193,12 +193,24 @@ TEST_F(GroupsOnScreen, CardsFollowTheDesktopIntoTheDarkAndBack) {
   EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#f5f5f5"));
 
   turn(UserInterfaceStyle::Dark);
-  EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#000000"));
-  EXPECT_EQ(groundOf(*row(1).contentView()), QStringLiteral("#000000"));
+  EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#1d1d1d"));
+  EXPECT_EQ(groundOf(*row(1).contentView()), QStringLiteral("#1d1d1d"));
 
   turn(UserInterfaceStyle::Light);
   EXPECT_EQ(groundOf(*cell({1, 0}).headerView()), QStringLiteral("#f5f5f5"));
   EXPECT_EQ(groundOf(*row(1).contentView()), QStringLiteral("#f5f5f5"));
+}
+
+TEST_F(GroupsOnScreen, TheGroundOfTheRowsGoesOnBelowTheLast) {
+  showGroups();
+  platform.system.openWindows = {{true, UserInterfaceStyle::Dark}};
+  window->mirror().setStyle(UserInterfaceStyle::Dark);
+  settle();
+
+  const QImage shown = window->grabWindow();
+
+  EXPECT_EQ(shown.pixelColor(3, 60).name(), QStringLiteral("#0f0f0f"));
+  EXPECT_EQ(shown.pixelColor(3, 690).name(), QStringLiteral("#0f0f0f"));
 }
 
 TEST_F(GroupsOnScreen, CardsAreMirroredFromRightToLeft) {

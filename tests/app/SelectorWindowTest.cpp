@@ -1,7 +1,9 @@
 #include <QImage>
 #include <QWheelEvent>
 #include <filesystem>
+#include <set>
 
+#include "tests/app/PicturesOnDemand.h"
 #include "tests/app/SelectorWindow.h"
 #include "uikit/UIImageView.h"
 
@@ -196,6 +198,45 @@ TEST_F(SelectorWindowTest, FlingsShowEachStyleWithItsOwnTitlePictureAndState) {
   }
 
   EXPECT_GT(seen, 100U);
+}
+
+TEST_F(SelectorWindowTest, EveryCardFollowsTheDesktopIntoTheDarkInOneGreyAlsoThoseThatWaited) {
+  for (int i = 0; i < 20; ++i) window.installStyle(kImagesKind, std::to_string(i), kRed);
+  ASSERT_NO_FATAL_FAILURE(window.openSelector(kImagesKind));
+  const auto scrollTo = [&](double y) {
+    window.table().userDidScroll({0, y});
+    window.settle();
+  };
+  const auto keep = [&](const std::string& name) { keepPicture(driver(), "switched-" + name); };
+  keep("0-light");
+  scrollTo(1e9);
+  scrollTo(0);
+
+  window.platform.system.openWindows = {{true, UserInterfaceStyle::Dark}};
+  quick().mirror().setStyle(UserInterfaceStyle::Dark);
+  window.settle();
+
+  std::set<std::string> cards;
+  std::set<std::string> pills;
+  for (const double y : {0.0, 650.0, 1'300.0, 1e9}) {
+    scrollTo(y);
+    keep("1-dark-" + std::to_string(static_cast<int>(std::min(y, 9e3))));
+    const QImage shown = quick().grabWindow();
+    for (const IndexPath path : window.table().indexPathsForVisibleRows()) {
+      if (!isWholeOnScreen(*cell(path.row))) continue;
+      const UIView& button = *findView<UIButton>(*cell(path.row));
+      cards.insert(pixel(shown, *button.superview(), 0.99).name().toStdString());
+      pills.insert(pixel(shown, button, 0.07).name().toStdString());
+    }
+  }
+  EXPECT_THAT(cards, ElementsAre("#1d1d1d"));
+  EXPECT_THAT(pills, ElementsAre("#2a2a2a"));
+  quick().mirror().setStyle(UserInterfaceStyle::Dark, true);
+  window.settle();
+  keep("2-dark-contrast");
+  quick().mirror().setStyle(UserInterfaceStyle::Light);
+  window.settle();
+  keep("3-light");
 }
 
 TEST_F(SelectorWindowTest, AStyleInstalledMeanwhileShowsWhenTheScreenIsOpenedAgain) {

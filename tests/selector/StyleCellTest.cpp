@@ -1,3 +1,4 @@
+#include "selector/GroundColors.h"
 #include "tests/selector/SelectorTest.h"
 
 namespace frelta {
@@ -188,6 +189,23 @@ TEST_F(StyleCell, OnWhiteLeavesTheClassColoursAlone) {
   EXPECT_EQ(FreltaStyleContentsCell({}).contentView()->backgroundColor(), card);
 }
 
+TEST_F(StyleCell, OnWhiteLeavesCustomClassColoursAloneToo) {
+  const UIColor card = UIColor::colorWithRed(0.1, 0.2, 0.3, 1.0);
+  const UIColor off = UIColor::colorWithRed(0.3, 0.2, 0.1, 1.0);
+  cell.setSortedStyleItem(style("A"));
+  const auto before = header().contentView()->backgroundColor();
+  FreltaStyleContentsCell::setCustomBackgroundColor(card);
+  FreltaToggleButton::setDisabledColor(off);
+
+  cell.setBackgroundColor(UIColor::whiteColor());
+  cell.setNeedsLayout();
+  cell.layoutIfNeeded();
+
+  EXPECT_EQ(FreltaStyleContentsCell({}).contentView()->backgroundColor(), card);
+  EXPECT_EQ(FreltaToggleButton({}).backgroundColor(), off);
+  EXPECT_EQ(header().contentView()->backgroundColor(), before);
+}
+
 TEST_F(StyleCell, OnAnotherGroundColoursCardsAndButtonsAfterIt) {
   const UIColor ground = UIColor::colorWithRed(0.9, 0.5, 0.1, 1.0);
   cell.setSortedStyleItem(style("A"));
@@ -203,6 +221,55 @@ TEST_F(StyleCell, OnAnotherGroundColoursCardsAndButtonsAfterIt) {
   EXPECT_DOUBLE_EQ(disabled.green, 0.7);
   EXPECT_DOUBLE_EQ(disabled.blue, 0.3);
   EXPECT_EQ(disabled.alpha, 1.0);
+}
+
+TEST_F(StyleCell, OnAnotherGroundColoursItsOwnButtonsLikeThoseAfterIt) {
+  cell.setIsGrouped(true);
+  cell.setSortedStyleItem(group({item("a"), item("b", true)}, true));
+
+  cell.setBackgroundColor(UIColor::colorWithRed(0.9, 0.5, 0.1, 1.0));
+  cell.setNeedsLayout();
+  cell.layoutIfNeeded();
+
+  const auto off = FreltaToggleButton({}).backgroundColor();
+  EXPECT_EQ(subCell(cell, 0)->contentView()->enableButton()->backgroundColor(), off);
+  EXPECT_NE(subCell(cell, 1)->contentView()->enableButton()->backgroundColor(), off);
+  EXPECT_NE(header().enableButton()->backgroundColor(), off);
+  cell.setSortedStyleItem(group({item("a"), item("b")}));
+  EXPECT_EQ(header().enableButton()->backgroundColor(), off);
+}
+
+TEST_F(StyleCell, OnAGroundThatIsSeenThroughItemRowsShowOneColourWhereTheyOverlap) {
+  UIView table({0, 0, 390, 400});
+  table.setBackgroundColor(UIColor::colorWithRed(0, 0, 0, 1));
+  const UIColor ground = UIColor::colorWithRed(1, 1, 1, 0.5);
+  auto owned = std::make_unique<FreltaStyleCell>(UITableViewCellStyle::Default, "open");
+  owned->setFrame({0, 0, 390, 270});
+  owned->setBackgroundColor(ground);
+  owned->setIsGrouped(true);
+  owned->setSortedStyleItem(groupOf(2, true));
+  const FreltaStyleCell& open = *table.addSubview(std::move(owned));
+
+  table.layoutIfNeeded();
+
+  EXPECT_EQ(open.headerView()->contentView()->backgroundColor(), ground);
+  for (std::size_t i = 0; i < 2; ++i) {
+    EXPECT_EQ(subCell(open, i)->contentView()->contentView()->backgroundColor(),
+              UIColor::colorWithRed(0.75, 0.75, 0.75, 1));
+  }
+}
+
+TEST_F(StyleCell, ColoursOverOneAnotherAreWhatIsSeenInEachAppearance) {
+  const UIColor front = UIColor::colorWithLightAndDark({1, 0, 0, 1}, {1, 0, 0, 0.5});
+  const UIColor back = UIColor::colorWithLightAndDark({0, 0, 1, 1}, {0, 0, 1, 0.5});
+  const UIColor none = UIColor::colorWithRed(1, 0, 0, 0);
+
+  const UIColor shown = colorOver(front, back);
+
+  EXPECT_EQ(shown.componentsForStyle(UserInterfaceStyle::Light), (UIColor::Components{1, 0, 0, 1}));
+  EXPECT_EQ(shown.componentsForStyle(UserInterfaceStyle::Dark),
+            (UIColor::Components{0.5 / 0.75, 0, 0.25 / 0.75, 0.75}));
+  EXPECT_EQ(colorOver(none, none), none);
 }
 
 TEST_F(StyleCell, OnWhiteThatIsSeenThroughColoursThemToo) {

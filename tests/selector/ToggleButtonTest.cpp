@@ -96,6 +96,21 @@ TEST_F(ToggleButton, TakesANewDisabledColourAtItsNextChangeToOff) {
   EXPECT_EQ(FreltaToggleButton({0, 0, 76, 31}).backgroundColor(), grey);
 }
 
+TEST_F(ToggleButton, TakesANewDisabledColourWhenItIsToldWhileItIsOff) {
+  const UIColor grey = UIColor::colorWithRed(0.2, 0.2, 0.2, 1.0);
+  button.setEnabledState(0, false);
+  FreltaToggleButton on({0, 0, 76, 31});
+  on.setEnabledState(2, false);
+
+  FreltaToggleButton::setDisabledColor(grey);
+  button.updateDisabledColor();
+  on.updateDisabledColor();
+
+  EXPECT_EQ(button.backgroundColor(), grey);
+  EXPECT_FALSE(button.isAnimating());
+  EXPECT_EQ(on.backgroundColor(), kRed);
+}
+
 TEST_F(ToggleButton, ATapLeavesTheStateAlone) {
   button.setEnabledState(0);
 

@@ -108,9 +108,13 @@ TEST_F(UITableViewRowActionTest, ANormalOneIsGreyAndADestructiveOneRedUntilToldO
   EXPECT_EQ(normal->backgroundColor(), UIColor::systemBlueColor());
 }
 
-TEST_F(UITableViewRowActionTest, RowsOfAPlainTableHaveTheColourOfItsBackground) {
-  EXPECT_EQ(table.cellForRowAtIndexPath({0, 0})->backgroundColor(),
-            UIColor::systemBackgroundColor());
+TEST_F(UITableViewRowActionTest, RowsOfAPlainTableAreWhiteInLightAndAStepAboveItInTheDark) {
+  const auto ground = table.cellForRowAtIndexPath({0, 0})->backgroundColor();
+
+  EXPECT_EQ(ground->componentsForStyle(UserInterfaceStyle::Light),
+            (UIColor::Components{1, 1, 1, 1}));
+  EXPECT_EQ(ground->componentsForStyle(UserInterfaceStyle::Dark),
+            (UIColor::Components{1, 1, 1, 15 / 255.0}));
   EXPECT_EQ(table.backgroundColor(), UIColor::systemBackgroundColor());
 }
 

@@ -26,6 +26,13 @@ Item {
         flickableDirection: Flickable.VerticalFlick
         onContentYChanged: table.node.scrolledTo(contentY)
 
+        Rectangle {
+            x: table.node.sideMargin
+            y: table.node.contentHeight
+            width: table.width
+            height: flickable.height
+            color: table.node.groundBelow
+        }
         Item {
             id: rows
 
