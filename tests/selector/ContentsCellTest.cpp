@@ -152,6 +152,25 @@ TEST_F(ContentsCell, ScalesItsIconByTheCardsHeightInSinglePrecision) {
   EXPECT_EQ(row.headerLabel()->frame().minX(), 112);
 }
 
+TEST_F(ContentsCell, FitsItsLabelsToTheirTextsAnewWheneverItIsLaidOut) {
+  row.setTitleText("Aurora");
+  row.setSubtitleText("Widget");
+  const auto expectFitted = [&] {
+    EXPECT_EQ(row.headerLabel()->frame(), CGRect(112, 57.5 - 29, 6 * 12, 29));
+    EXPECT_EQ(row.subtitleLabel()->frame(), CGRect(112, 57.5, 6 * 9, 22));
+    row.headerLabel()->setFrame({112, 0, 10, 5});
+    row.subtitleLabel()->setFrame({112, 0, 10, 5});
+  };
+  expectFitted();
+
+  row.setIsDraggableCell(false);
+  expectFitted();
+  row.updateImageViewScale(0.8F);
+  expectFitted();
+  row.fitLabels();
+  expectFitted();
+}
+
 TEST_F(ContentsCell, ANewGroundIsForCardsBuiltAfterIt) {
   const UIColor dark = UIColor::colorWithRed(0.1, 0.1, 0.1, 1.0);
 

@@ -198,6 +198,59 @@ TEST_F(Expansion, TurnedBackHalfWayEndsCollapsed) {
   EXPECT_TRUE(cell.subCellsView()->isHidden());
 }
 
+TEST_F(Expansion, ShowsItsRowsAgainFromTheBeginningOfTheNext) {
+  cell.setSortedStyleItem(three);
+  cell.setSubCellsHidden(false);
+  platform.mainQueue.advance(1);
+  cell.setSubCellsHidden(true);
+  platform.mainQueue.advance(1);
+  ASSERT_TRUE(cell.subCellsView()->isHidden());
+
+  cell.setSubCellsHidden(false);
+
+  EXPECT_FALSE(cell.subCellsView()->isHidden());
+  EXPECT_EQ(cell.subCellsView()->presentation().alpha, 0);
+  platform.mainQueue.advance(0.1);
+  EXPECT_NEAR(cell.subCellsView()->presentation().alpha, 0.5, kNear);
+  platform.mainQueue.advance(kSeconds - 0.1);
+  EXPECT_EQ(cell.subCellsView()->presentation().alpha, 1);
+  EXPECT_EQ(cell.subCellsView()->subviews().size(), 3U);
+}
+
+TEST_F(Expansion, OfACollapseHalfWayEndsExpanded) {
+  three->setIsExpanded(true);
+  cell.setSortedStyleItem(three);
+  cell.setSubCellsHidden(true);
+  platform.mainQueue.advance(0.1);
+
+  cell.setSubCellsHidden(false);
+
+  expectHeader(0.5, 61, (60 + 147) / 2.0, 375 - 86);
+  EXPECT_NEAR(cell.subCellsView()->presentation().alpha, 0.5, kNear);
+  EXPECT_EQ(card().cornerRadius(), 0);
+  EXPECT_EQ(card().maskLayer(), maskOf(card(), UIRectCornerTopLeft | UIRectCornerTopRight));
+  platform.mainQueue.advance(0.1);
+  // The interrupted animation hides nothing.
+  EXPECT_FALSE(header().iconImageView()->isHidden());
+  EXPECT_FALSE(cell.subCellsView()->isHidden());
+  platform.mainQueue.advance(kSeconds - 0.1);
+  expectHeader(0, 10, 269, 375 - 86);
+  EXPECT_TRUE(header().iconImageView()->isHidden());
+  EXPECT_FALSE(cell.subCellsView()->isHidden());
+  EXPECT_EQ(cell.subCellsView()->presentation().alpha, 1);
+}
+
+TEST_F(Expansion, OfACellThatGroupsNoMoreFadesItsRowsOut) {
+  three->setIsExpanded(true);
+  cell.setSortedStyleItem(three);
+  cell.setIsGrouped(false);
+
+  cell.setSubCellsHidden(false, false);
+
+  EXPECT_EQ(cell.subCellsView()->alpha(), 0);
+  EXPECT_FALSE(cell.subCellsView()->isHidden());
+}
+
 TEST_F(Expansion, WithoutAnimationIsThereAtOnce) {
   UIView* handle = addHandle();
   cell.setSortedStyleItem(three);

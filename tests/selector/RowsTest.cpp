@@ -46,13 +46,28 @@ TEST_F(HeaderRow, ATapOnAStyleThatIsOnSwitchesItsKindOff) {
   EXPECT_TRUE(row.enableButton()->isAnimating());
 }
 
+/// Keeps the states that the screen finds in it. It is nobody's entry, so what a tap set stands.
+class AskedGroup : public FreltaSortedItem {
+ public:
+  void updateEnabledState() override { found.push_back(enabledState()); }
+  std::vector<std::int32_t> found;
+};
+
+TEST_F(HeaderRow, ATapSetsTheGroupsStateBeforeItAsksTheScreen) {
+  for (const auto& [before, after] : {std::pair(0, 2), std::pair(1, 0), std::pair(2, 0)}) {
+    const auto asked = std::make_shared<AskedGroup>();
+    asked->setEnabledState(before);
+    showGroup(asked);
+
+    tap(*row.enableButton());
+
+    EXPECT_THAT(asked->found, ElementsAre(after));
+    EXPECT_EQ(row.enableButton()->enabledState(), after);
+  }
+}
+
 TEST_F(HeaderRow, ATapOnAPartlyEnabledGroupAsksToSwitchItOff) {
-  // The group itself is nobody's entry, so what the tap set stands.
-  class Recorded : public FreltaSortedItem {
-   public:
-    void updateEnabledState() override {}
-  };
-  const auto partial = std::make_shared<Recorded>();
+  const auto partial = std::make_shared<AskedGroup>();
   partial->setEnabledState(FreltaEnabledStatePartial);
   showGroup(partial);
 
@@ -144,6 +159,7 @@ TEST_F(ItemRow, IsInsetWithinItsPlace) {
   EXPECT_EQ(view.iconImageView()->frame(), CGRect(10, 38 - side / 2, side, side));
   EXPECT_EQ(view.enableButton()->frame(), CGRect(306 - 86, 38 - 15.5, 76, 31));
   EXPECT_EQ(view.StyleGroup(), nullptr);
+  EXPECT_EQ(row.autoresizingMask(), UIViewAutoresizingFlexibleWidth);
 }
 
 TEST_F(ItemRow, FollowsTheWidthOfItsPlace) {
@@ -162,6 +178,15 @@ TEST_F(ItemRow, ShowsItsStylesStateAtOnce) {
   EXPECT_FALSE(row.contentView()->enableButton()->isAnimating());
   row.setStyleItem(blue);
   EXPECT_EQ(row.contentView()->enableButton()->enabledState(), 0);
+}
+
+TEST_F(ItemRow, NoStyleLeavesTheButtonAsItIs) {
+  red->setIsEnabled(true);
+  row.setStyleItem(red);
+
+  row.setStyleItem(nullptr);
+
+  EXPECT_EQ(row.contentView()->enableButton()->enabledState(), 2);
 }
 
 TEST_F(ItemRow, ATapSwitchesItsStyleInTheModelOnly) {

@@ -168,6 +168,91 @@ TEST_F(SelectorFaults, TwoTapsBeforeTheMoveMoveTheGroupOnce) {
   EXPECT_EQ(std::ranges::count(selector->sortedStyles(), a), 0);
 }
 
+TEST_F(SelectorFaults, TwoGroupsInOneTurnBothMoveAndTheTableFollows) {
+  const Group a = groupOf(2, true);
+  const Group b = groupOf(2, true);
+  const auto selector = showGroups({a, b, groupOf(1)});
+  const auto* cellOfA = cellAt(*selector, {1, 0});
+  const auto* cellOfB = cellAt(*selector, {1, 1});
+
+  tap(*subCell(*cellOfA, 0)->contentView()->enableButton());
+  tap(*subCell(*cellOfB, 0)->contentView()->enableButton());
+  platform.mainQueue.advance(1);
+  window.layoutIfNeeded();
+
+  EXPECT_THAT(selector->enabledStyles(), ElementsAre(b, a));
+  EXPECT_EQ(cellAt(*selector, {0, 0}), cellOfB);
+  EXPECT_EQ(cellAt(*selector, {0, 1}), cellOfA);
+  EXPECT_THAT(platform.log.lines, IsEmpty());
+}
+
+TEST_F(SelectorFaults, AGroupThatIsSwitchedOffScreenMovesToo) {
+  FreltaStyleLibrary::Entries entries;
+  for (int i = 0; i < 20; ++i) entries.push_back(groupOf(1));
+  const auto selector = showGroups(entries);
+
+  selector->setStyle(entries[15]->items()->at(0), true);
+  platform.mainQueue.advance(1);
+  window.layoutIfNeeded();
+
+  EXPECT_THAT(selector->enabledStyles(), ElementsAre(entries[15]));
+  EXPECT_EQ(cellAt(*selector, {0, 0})->sortedStyleItem(), entries[15]);
+  EXPECT_EQ(cellAt(*selector, {1, 0})->sortedStyleItem(), entries[0]);
+  EXPECT_THAT(platform.log.lines, IsEmpty());
+}
+
+TEST_F(SelectorFaults, AMovedRowIsScrolledToTheTopAnimated) {
+  FreltaStyleLibrary::Entries on;
+  FreltaStyleLibrary::Entries off;
+  for (int i = 0; i < 8; ++i) on.push_back(group({item("on", true)}));
+  for (int i = 0; i < 8; ++i) off.push_back(groupOf(1));
+  const auto selector = showGroups(off);
+  selector->setEnabledStyles(on);
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+
+  selector->setStyle(on[0]->items()->at(0), false);
+  platform.mainQueue.runPending();
+
+  // Seven enabled ones stay above it.
+  EXPECT_EQ(selector->tableView()->targetContentOffset(), (CGPoint{0, 7 * 130}));
+  EXPECT_LT(selector->tableView()->contentOffset().y, 7 * 130);
+  platform.mainQueue.advance(1);
+  EXPECT_EQ(selector->tableView()->contentOffset(), (CGPoint{0, 7 * 130}));
+  EXPECT_EQ(cellAt(*selector, {1, 0})->sortedStyleItem(), on[0]);
+}
+
+TEST_F(SelectorFaults, AStyleThatIsSwitchedInCodeShowsInItsRowAndItsGroup) {
+  const Group a = group({item("a", true), item("b")}, true);
+  const auto selector = showGroups({});
+  selector->setEnabledStyles({a});
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+  const FreltaStyleCell& cell = *cellAt(*selector, {0, 0});
+
+  selector->setStyle(a->items()->at(1), true);
+
+  EXPECT_EQ(cell.headerView()->enableButton()->enabledState(), FreltaEnabledStateAll);
+  EXPECT_EQ(subCell(cell, 1)->contentView()->enableButton()->enabledState(), FreltaEnabledStateAll);
+}
+
+TEST_F(SelectorFaults, AMoveInTheLibraryShowsTheEnabledSectionAsItBecomes) {
+  const Group a = groupOf(1);
+  const Group b = groupOf(1);
+  const auto selector = showGroups({groupOf(1), groupOf(1)});
+  selector->setEnabledStyles({a, b});
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+
+  selector->moveRowAtIndexPath({1, 0}, {1, 1});
+  platform.mainQueue.advance(1);
+  window.layoutIfNeeded();
+
+  EXPECT_THAT(selector->enabledStyles(), ElementsAre(b, a));
+  EXPECT_EQ(cellAt(*selector, {0, 0})->sortedStyleItem(), b);
+  EXPECT_EQ(cellAt(*selector, {0, 1})->sortedStyleItem(), a);
+}
+
 TEST_F(SelectorFaults, AQueuedMoveOutlivesThePoppedScreen) {
   const Group a = groupOf(2, true);
   const auto selector = showGroups({a});
@@ -242,6 +327,64 @@ TEST_F(SelectorFaults, AnOpenGroupSelectsItsRowOnceItIsShownAgain) {
   cell->setSortedStyleItem(a);
 
   EXPECT_EQ(selector->tableView()->indexPathForSelectedRow(), (IndexPath{1, 1}));
+}
+
+TEST_F(SelectorFaults, AnOpenGroupThatIsShownAgainGetsItsHeightAndDoesNotScroll) {
+  FreltaStyleLibrary::Entries entries;
+  for (int i = 0; i < 12; ++i) entries.push_back(groupOf(2));
+  const auto selector = showGroups(entries);
+  UITableView& table = *selector->tableView();
+  table.userDidScroll({0, 300});
+  window.layoutIfNeeded();
+  entries[5]->setIsExpanded(true);
+
+  cellAt(*selector, {1, 5})->setSortedStyleItem(entries[5]);
+  platform.mainQueue.advance(1);
+
+  EXPECT_EQ(table.indexPathForSelectedRow(), (IndexPath{1, 5}));
+  EXPECT_EQ(table.rectForRowAtIndexPath({1, 5}).size.height, 270);
+  EXPECT_EQ(cellAt(*selector, {1, 5})->frame().size.height, 270);
+  EXPECT_EQ(table.contentOffset(), (CGPoint{0, 300}));
+}
+
+/// Keeps the rows that it is told of, and which one was selected then.
+class ToldSelector : public FreltaThemeSelectorViewController {
+ public:
+  void didSelectRowAtIndexPath(UITableView& table, IndexPath path) override {
+    selections.emplace_back(path, table.indexPathForSelectedRow());
+  }
+  void didDeselectRowAtIndexPath(UITableView& table, IndexPath path) override {
+    deselections.emplace_back(path, table.indexPathForSelectedRow());
+  }
+  std::vector<std::pair<IndexPath, std::optional<IndexPath>>> selections;
+  std::vector<std::pair<IndexPath, std::optional<IndexPath>>> deselections;
+};
+
+TEST_F(SelectorFaults, ASecondTapTellsTheScreenOnceItHasClearedTheSelection) {
+  install("A");
+  const auto selector = initSelector<ToldSelector>(FreltaStyleModeImages);
+  show(selector);
+
+  selector->tableView()->userDidSelectRowAtIndexPath({1, 0});
+  selector->tableView()->userDidSelectRowAtIndexPath({1, 0});
+
+  EXPECT_EQ(selector->selections.size(), 1U);
+  EXPECT_THAT(selector->deselections, ElementsAre(std::pair(IndexPath{1, 0}, std::nullopt)));
+}
+
+TEST_F(SelectorFaults, AnOpenGroupTellsTheScreenOfItsRowBeforeItSelectsIt) {
+  const auto selector = initSelector<ToldSelector>(FreltaStyleModeImages);
+  show(selector);
+  selector->setIsGrouped(true);
+  const Group a = groupOf(2);
+  selector->setSortedStyles({groupOf(1), a});
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+  a->setIsExpanded(true);
+
+  cellAt(*selector, {1, 1})->setSortedStyleItem(a);
+
+  EXPECT_THAT(selector->selections, ElementsAre(std::pair(IndexPath{1, 1}, std::nullopt)));
 }
 
 TEST_F(SelectorFaults, ARowThatIsScrolledAwayHasNoPlace) {

@@ -43,6 +43,18 @@ TEST_F(SelectorScreen, KeepsItsGroundLikeTheTables) {
   EXPECT_EQ(selector->view().backgroundColor(), ground);
 }
 
+TEST_F(SelectorScreen, IsFilledAndHasItsGroundOnceItIsLoaded) {
+  install("A");
+  const auto selector = Selector::init();
+  EXPECT_TRUE(selector->sortedStyles().empty());
+
+  UIView& view = selector->view();
+
+  EXPECT_EQ(selector->sortedStyles().size(), 1U);
+  EXPECT_EQ(view.backgroundColor(), UIColor::systemBackgroundColor());
+  EXPECT_EQ(view.backgroundColor(), selector->tableView()->backgroundColor());
+}
+
 TEST_F(SelectorScreen, ListsTheStylesInTheLibrarySection) {
   install("A");
   install("B");
@@ -153,6 +165,77 @@ TEST_F(SelectorScreen, ATapSwitchesItsStyleOnAndAllOthersOff) {
   EXPECT_EQ(settings()->at("EnabledThemePath"), "");
 }
 
+TEST_F(SelectorScreen, ATapIsSeenToChangeTheButtonsOfBothStyles) {
+  const auto shown = [](const Selector& selector, int row) {
+    return cellAt(selector, {1, row})->headerView()->enableButton()->presentation().backgroundColor;
+  };
+  for (const char* name : {"A", "B", "C"}) install(name);
+  const auto selector = show(Selector::init());
+  tapCard(*selector, 0);
+  platform.mainQueue.advance(1);
+  const auto on = shown(*selector, 0);
+  const auto off = shown(*selector, 1);
+  ASSERT_NE(on, off);
+
+  tapCard(*selector, 1);
+
+  EXPECT_EQ(shown(*selector, 0), on);
+  EXPECT_EQ(shown(*selector, 1), off);
+  EXPECT_FALSE(cellAt(*selector, {1, 2})->headerView()->enableButton()->isAnimating());
+  platform.mainQueue.advance(0.125);
+  EXPECT_EQ(shown(*selector, 0), UIColor::colorBetween(*on, *off, 0.5));
+  EXPECT_EQ(shown(*selector, 1), UIColor::colorBetween(*off, *on, 0.5));
+  platform.mainQueue.advance(0.125);
+  EXPECT_EQ(shown(*selector, 0), off);
+  EXPECT_EQ(shown(*selector, 1), on);
+}
+
+TEST_F(SelectorScreen, ARescanShowsWhatItFindsAtOnce) {
+  install("A");
+  const auto selector = show(Selector::init());
+  putSettings({{"EnabledThemePath", inThemes("A.theme")}});
+
+  selector->loadStyles();
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+
+  const FreltaToggleButton& button = *cellAt(*selector, {1, 0})->headerView()->enableButton();
+  EXPECT_EQ(button.enabledState(), 2);
+  EXPECT_FALSE(button.isAnimating());
+}
+
+TEST_F(SelectorScreen, CardsThatWaitForReuseFollowTheDesktopIntoTheDark) {
+  platform.system.openWindows = {{true, UserInterfaceStyle::Light}};
+  for (int i = 0; i < 20; ++i) install(std::to_string(i));
+  const auto selector = show(Selector::init());
+  UITableView& table = *selector->tableView();
+  const auto scrollTo = [&](double y) {
+    table.userDidScroll({0, y});
+    window.layoutIfNeeded();
+  };
+  scrollTo(1e9);
+  scrollTo(0);
+
+  platform.system.openWindows = {{true, UserInterfaceStyle::Dark}};
+  UIView::setAllNeedLayout();
+  window.setNeedsLayout();
+  window.layoutIfNeeded();
+
+  const auto dark = [](const std::optional<UIColor>& color) {
+    return color->componentsForStyle(UserInterfaceStyle::Dark);
+  };
+  const auto expected = dark(cellAt(*selector, {1, 0})->backgroundColor());
+  EXPECT_LT(expected.alpha, 0.1);
+  for (const double y : {0.0, 300.0, 700.0, 1'100.0, 1'500.0, 1e9}) {
+    scrollTo(y);
+    for (const IndexPath path : table.indexPathsForVisibleRows()) {
+      const FreltaStyleContentsCell& header = *cellAt(*selector, path)->headerView();
+      EXPECT_EQ(dark(header.contentView()->backgroundColor()), expected) << path.row;
+      EXPECT_EQ(dark(header.enableButton()->backgroundColor()), expected) << path.row;
+    }
+  }
+}
+
 TEST_F(SelectorScreen, DecodesAnIconOncePerTimeItsRowComesOnScreen) {
   const std::string icon = UIImagePNGRepresentation(*picture(60, 60, kWhite)).value();
   for (int i = 0; i < 30; ++i) {
@@ -245,6 +328,23 @@ TEST_F(SelectorScreen, SaysLaterThatThereAreNoStylesAndLeaves) {
   EXPECT_EQ(alert()->actions()[0]->style(), UIAlertActionStyle::Default);
   alert()->userDidPressAction(*alert()->actions()[0]);
   EXPECT_EQ(navigation->viewControllers().size(), 1U);
+}
+
+TEST_F(SelectorScreen, LeavesAnimatedWhenThereAreNoStyles) {
+  class Below : public UIViewController {
+   public:
+    void viewWillAppear(bool animated) override { appearances.push_back(animated); }
+    std::vector<bool> appearances;
+  };
+  const auto below = std::make_shared<Below>();
+  navigation->pushViewController(below, false);
+  const auto selector = show(Selector::init());
+  selector->showNoStylesAlert();
+  platform.mainQueue.runPending();
+
+  alert()->userDidPressAction(*alert()->actions()[0]);
+
+  EXPECT_THAT(below->appearances, ElementsAre(false, true));
 }
 
 TEST_F(SelectorScreen, PutsNoButtonInTheBar) {
