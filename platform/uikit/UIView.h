@@ -184,8 +184,8 @@ class UIView {
   /// Tells the observer that the view looks or reads differently now.
   void didChange();
   void setBoundsOrigin(CGPoint origin);
-  /// Gives one of the subviews to the caller, who will add it again at once: what moves at and below
-  /// it moves on.
+  /// Gives one of the subviews to the caller, who will add it again at once: what moves at and
+  /// below it moves on.
   std::unique_ptr<UIView> lendSubview(UIView& view);
   /// Brings the subviews into another order; must be a permutation of them.
   void reorderSubviews(const std::vector<UIView*>& order);

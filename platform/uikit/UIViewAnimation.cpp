@@ -151,9 +151,8 @@ UIViewPresentation UIView::presentation() const {
 }
 
 bool UIView::isAnimating() const {
-  return animated_ &&
-         (animated_->frame.isMoving(frame()) || animated_->alpha.isMoving(alpha_) ||
-          animated_->backgroundColor.isMoving(backgroundColor_));
+  return animated_ && (animated_->frame.isMoving(frame()) || animated_->alpha.isMoving(alpha_) ||
+                       animated_->backgroundColor.isMoving(backgroundColor_));
 }
 
 UIViewAnimatedProperties* UIView::animatedProperties() {

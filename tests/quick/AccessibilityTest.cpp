@@ -87,8 +87,8 @@ TEST_F(AccessibilityTest, AReloadTellsTheNewTitlesOfRowsThatStayWhereTheyAre) {
 TEST_F(AccessibilityTest, WhatComesBackAfterAnAlertElsewhereIsToldAgain) {
   auto screen = std::make_shared<PlainScreen>();
   auto* group = screen->view().addSubview(std::make_unique<UIView>(CGRect(0, 0, 200, 50)));
-  auto* button = group->addSubview(
-      std::make_unique<UIButton>(UIButtonType::System, CGRect(0, 0, 100, 44)));
+  auto* button =
+      group->addSubview(std::make_unique<UIButton>(UIButtonType::System, CGRect(0, 0, 100, 44)));
   button->setTitle("Here");
   auto stack = std::make_shared<UINavigationController>();
   stack->pushViewController(screen, false);

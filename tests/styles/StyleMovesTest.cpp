@@ -113,9 +113,8 @@ TEST_F(StyleMoves, OfTwoInOneTurnTheSecondMovesFromWhereTheFirstLeftIt) {
   platform.mainQueue.runPending();
 
   EXPECT_THAT(selector->enabledStyles(), testing::ElementsAre(b, a));
-  EXPECT_THAT(table.did,
-              testing::ElementsAre("begin", "move 1.0 to 0.0", "end", "scroll to 0.0", "begin",
-                                   "move 1.0 to 0.0", "end", "scroll to 0.0"));
+  EXPECT_THAT(table.did, testing::ElementsAre("begin", "move 1.0 to 0.0", "end", "scroll to 0.0",
+                                              "begin", "move 1.0 to 0.0", "end", "scroll to 0.0"));
 }
 
 TEST_F(StyleMoves, AGroupsDeferredMoveKeepsTheSelectorAndTheGroupAlive) {

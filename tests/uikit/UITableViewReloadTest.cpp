@@ -22,7 +22,8 @@ class UITableViewReloadTest : public KitTest {
   }
   void fade(UITableViewCell& cell) {
     UIView::animateWithDuration(
-        1, [&] { cell.textLabel()->setAlpha(alpha); }, [this](bool ended) { ends.push_back(ended); });
+        1, [&] { cell.textLabel()->setAlpha(alpha); },
+        [this](bool ended) { ends.push_back(ended); });
   }
   UITableViewCell* cell(int row) { return table.cellForRowAtIndexPath({0, row}); }
   double shownAlpha(int row) { return cell(row)->textLabel()->presentation().alpha; }
