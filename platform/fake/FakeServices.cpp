@@ -33,7 +33,7 @@ std::string FakeProcessLauncher::standardOutputOf(const std::string& path,
   runs.push_back({path, arguments, workingDirectory});
   if (isMissing) throw MissingProgram(path + ": scripted absence");
   if (failsToLaunch) throw LaunchFailure(path + ": scripted failure");
-  return standardOutput;
+  return standardOutput.size() > kMaximumOutput ? std::string() : standardOutput;
 }
 
 void FakeMainQueue::async(Task task) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -20,6 +22,11 @@ class MissingProgram : public LaunchFailure {
 
 class ProcessLauncher {
  public:
+  /// Output of a run, in bytes; a package's description takes about 1,000.
+  static constexpr std::size_t kMaximumOutput = std::size_t{64} << 10;
+  /// How long a run may take before the caller goes on.
+  static constexpr std::chrono::seconds kLongestRun{2};
+
   virtual ~ProcessLauncher() = default;
 
   /// Starts the program with exactly this argument vector (its own name first), no file actions, no
@@ -28,7 +35,9 @@ class ProcessLauncher {
   virtual void spawn(const std::string& path, const std::vector<std::string>& argumentVector) = 0;
 
   /// Runs the program with these arguments (its own name not among them) in a working folder of the
-  /// host and returns its standard output, read to the end. The exit status is not examined.
+  /// host and returns its standard output, read to the end. The exit status is not examined. A
+  /// program that prints more than kMaximumOutput or runs longer than kLongestRun is ended, and its
+  /// output is empty.
   /// Throws MissingProgram when there is no such program, LaunchFailure when it cannot be started
   /// for another reason.
   virtual std::string standardOutputOf(const std::string& path,

@@ -14,6 +14,11 @@ namespace frelta {
 namespace {
 
 constexpr std::size_t kTrailerSize = 32;
+/// A reference of one byte becomes a whole value; but what is shared within what is shared may
+/// become no more than a few megabytes, however small the file.
+constexpr std::size_t kMemoryOfAByte = 64;
+constexpr std::size_t kSharedMemory = std::size_t{4} << 20;
+static_assert(kMemoryOfAByte >= sizeof(PropertyListValue));
 
 /// The most significant byte first; at most 8 bytes.
 std::uint64_t unsignedFrom(std::string_view bytes) {
@@ -68,7 +73,8 @@ class Cursor {
 
 class Reader {
  public:
-  explicit Reader(std::string_view bytes) : bytes_(bytes) {}
+  explicit Reader(std::string_view bytes)
+      : bytes_(bytes), memoryLeft_(kSharedMemory + kMemoryOfAByte * bytes.size()) {}
 
   std::optional<PropertyListValue> read() {
     if (!readTrailer()) return std::nullopt;
@@ -110,7 +116,8 @@ class Reader {
   /// A cycle of references ends at the depth limit.
   Value object(std::uint64_t reference, int depth) {
     std::optional<Cursor> cursor = objectBytes(reference);
-    if (!cursor || !spend(nodesLeft_, 1)) return std::nullopt;
+    if (!cursor || !spend(nodesLeft_, 1) || !spend(memoryLeft_, sizeof(PropertyListValue)))
+      return std::nullopt;
     const auto marker = static_cast<unsigned>(*cursor->takeUnsigned(1));
     const unsigned size = marker & 0xF;
     switch (marker >> 4) {
@@ -196,7 +203,8 @@ class Reader {
     const std::optional<std::uint64_t> units = count(cursor, size);
     if (!units || *units > bytes_.size()) return std::nullopt;
     const std::optional<std::string_view> bytes = cursor.take(*units * width);
-    if (!bytes || !spend(bytesLeft_, bytes->size())) return std::nullopt;
+    if (!bytes || !spend(bytesLeft_, bytes->size()) || !spend(memoryLeft_, bytes->size()))
+      return std::nullopt;
     return bytes;
   }
 
@@ -280,6 +288,7 @@ class Reader {
   std::uint64_t topObject_ = 0;
   std::size_t nodesLeft_ = PropertyListSerialization::kMaximumNodes;
   std::size_t bytesLeft_ = PropertyListSerialization::kMaximumBytes;
+  std::size_t memoryLeft_;  // of what the document becomes
 };
 
 }  // namespace

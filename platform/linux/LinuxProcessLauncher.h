@@ -8,10 +8,17 @@ namespace frelta {
 /// the end of its children (SA_NOCLDWAIT), so that they leave no zombies.
 class LinuxProcessLauncher : public ProcessLauncher {
  public:
+  /// Tests let a run take less.
+  explicit LinuxProcessLauncher(std::chrono::milliseconds longestRun = kLongestRun)
+      : longestRun_(longestRun) {}
+
   void spawn(const std::string& path, const std::vector<std::string>& argumentVector) override;
   /// The child inherits the environment, and of the streams all but its standard output.
   std::string standardOutputOf(const std::string& path, const std::vector<std::string>& arguments,
                                const std::string& workingDirectory) override;
+
+ private:
+  std::chrono::milliseconds longestRun_;
 };
 
 }  // namespace frelta

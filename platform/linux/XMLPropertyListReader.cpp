@@ -58,7 +58,9 @@ class Reader {
     XML_SetUserData(parser_.get(), this);
     XML_SetElementHandler(
         parser_.get(),
-        [](void* self, const char* name, const char**) { reader(self).startElement(name); },
+        [](void* self, const char* name, const char** attributes) {
+          reader(self).startElement(name, attributes);
+        },
         [](void* self, const char*) { reader(self).endElement(); });
     XML_SetCharacterDataHandler(parser_.get(), [](void* self, const char* text, int length) {
       reader(self).characters({text, static_cast<std::size_t>(length)});
@@ -87,8 +89,16 @@ class Reader {
     if (!condition) refuse();
   }
 
-  void startElement(std::string_view name) {
+  /// Pairs of names and values; the root may have its version.
+  static bool areKnown(const char* const* attributes, Element element) {
+    if (!attributes[0]) return true;
+    return element == Element::Plist && attributes[0] == std::string_view("version") &&
+           !attributes[2];
+  }
+
+  void startElement(std::string_view name, const char* const* attributes) {
     const std::optional<Element> element = elementNamed(name);
+    if (element && !areKnown(attributes, *element)) return refuse();
     if (!element || leaf_ || (*element == Element::Plist) == insidePlist_) return refuse();
     switch (*element) {
       case Element::Plist:
@@ -155,10 +165,66 @@ class Reader {
   std::string text_;
 };
 
+/// A document's characters below 128; any other reads as 0.
+class Characters {
+ public:
+  explicit Characters(std::string_view bytes) : bytes_(bytes) {
+    if (bytes.starts_with("\xFE\xFF") || bytes.starts_with(std::string_view("\0<", 2)))
+      width_ = 2;
+    else if (bytes.starts_with("\xFF\xFE") || bytes.starts_with(std::string_view("<\0", 2)))
+      width_ = 2, low_ = 0;
+  }
+
+  std::size_t size() const { return bytes_.size() / width_; }
+  char at(std::size_t place) const {
+    if (place >= size()) return 0;
+    if (width_ == 1) return bytes_[place];
+    return bytes_[2 * place + 1 - low_] == 0 ? bytes_[2 * place + low_] : char{0};
+  }
+  bool has(std::string_view text, std::size_t place) const {
+    for (std::size_t i = 0; i < text.size(); ++i)
+      if (at(place + i) != text[i]) return false;
+    return true;
+  }
+  /// The place after the text, or the end.
+  std::size_t after(std::string_view text, std::size_t place) const {
+    while (place < size() && !has(text, place)) ++place;
+    return std::min(size(), place + text.size());
+  }
+
+ private:
+  std::string_view bytes_;
+  std::size_t width_ = 1;
+  std::size_t low_ = 1;  // which of a character's two bytes is the lower
+};
+
+/// Expat reads all attributes of a tag, millions too, before it tells of one.
+bool areTagsShort(std::string_view bytes) {
+  constexpr std::size_t kLongestTag = 256;
+  const Characters document(bytes);
+  for (std::size_t at = 0; at < document.size();) {
+    if (document.at(at) != '<') {
+      ++at;
+    } else if (document.has("<!--", at)) {
+      at = document.after("-->", at + 4);
+    } else if (document.has("<![CDATA[", at)) {
+      at = document.after("]]>", at);
+    } else if (document.has("<?", at) || document.has("<!", at)) {
+      ++at;
+    } else {
+      const std::size_t end = document.after(">", at);
+      if (end - at > kLongestTag) return false;
+      at = end;
+    }
+  }
+  return true;
+}
+
 }  // namespace
 
 std::optional<PropertyListValue> readXMLPropertyList(std::string_view bytes) {
-  if (bytes.size() > PropertyListSerialization::kMaximumBytes) return std::nullopt;
+  if (bytes.size() > PropertyListSerialization::kMaximumBytes || !areTagsShort(bytes))
+    return std::nullopt;
   return Reader().read(bytes);
 }
 

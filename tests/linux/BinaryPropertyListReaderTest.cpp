@@ -6,6 +6,7 @@
 
 #include "AssembledBinaryPropertyList.h"
 #include "foundation/PropertyListSerialization.h"
+#include "tests/support/PeakMemory.h"
 
 namespace frelta {
 namespace {
@@ -237,6 +238,42 @@ TEST(BinaryPropertyListReader, SharedContainersCountAsOftenAsTheyAreVisited) {
   explosion.objects.push_back("\x09");
 
   EXPECT_EQ(readBinaryPropertyList(explosion.bytes()), std::nullopt);
+}
+
+TEST(BinaryPropertyListReader, ASmallFileOfManyLevelsOfSharingTakesLittleMemory) {
+  AssembledBinaryPropertyList explosion;
+  for (char next = 1; next <= 60; ++next)
+    explosion.objects.push_back("\xA2"s + std::string(2, next));
+  explosion.objects.push_back("\x09");
+  const PeakMemory memory;
+
+  const auto value = readBinaryPropertyList(explosion.bytes());
+
+  EXPECT_EQ(value, std::nullopt);
+  EXPECT_LT(memory.growth(), std::uint64_t{24} << 20);
+}
+
+TEST(BinaryPropertyListReader, WhatIsSharedWithinWhatIsSharedMayBecomeFourMebibytes) {
+  // As many arrays, each of 250 booleans, as fit.
+  const auto arrays = [](std::size_t count) {
+    AssembledBinaryPropertyList file;
+    file.objects.push_back("\xAF\x11"s + bigEndian(count, 2) + std::string(count, '\1'));
+    file.objects.push_back("\xAF\x10\xFA"s + std::string(250, '\2'));
+    file.objects.push_back("\x09");
+    return file.bytes();
+  };
+  const auto memory = [&](std::size_t count) {
+    return (1 + count * 251) * sizeof(PropertyListValue);
+  };
+  const auto allowed = [&](std::size_t count) {
+    return (std::size_t{4} << 20) + 64 * arrays(count).size();
+  };
+  std::size_t most = 1;
+  while (memory(most + 1) <= allowed(most + 1)) ++most;
+
+  EXPECT_TRUE(readBinaryPropertyList(arrays(most)));
+  EXPECT_FALSE(readBinaryPropertyList(arrays(most + 1)));
+  EXPECT_GT(most, 250U);
 }
 
 TEST(BinaryPropertyListReader, SharedTextCountsAsOftenAsItIsVisited) {

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/wait.h>
 
 #include <chrono>
 #include <fstream>
@@ -12,6 +13,7 @@
 #include "fake/FakeServices.h"
 #include "linux/LinuxProcessLauncher.h"
 #include "tests/support/ForkedChild.h"
+#include "tests/support/PeakMemory.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace frelta {
@@ -75,11 +77,17 @@ TYPED_TEST(ProcessLauncherContract, SpawningWhatIsMissingDoesNothing) {
 }
 
 TYPED_TEST(ProcessLauncherContract, ARunGivesAllItsOutput) {
-  std::string bytes(5 << 20, '\0');
+  std::string bytes(ProcessLauncher::kMaximumOutput, '\0');
   for (std::size_t i = 0; i < bytes.size(); ++i) bytes[i] = static_cast<char>(i * 7 >> 2);
 
   EXPECT_TRUE(this->driver.outputOfAProgramThatPrints(bytes) == bytes);
   EXPECT_EQ(this->driver.outputOfAProgramThatPrints(""), "");
+}
+
+TYPED_TEST(ProcessLauncherContract, ARunWithMoreOutputThanMayBeGivesNone) {
+  const std::string bytes(ProcessLauncher::kMaximumOutput + 1, 'x');
+
+  EXPECT_EQ(this->driver.outputOfAProgramThatPrints(bytes), "");
 }
 
 TYPED_TEST(ProcessLauncherContract, ARunThatCannotStartThrows) {
@@ -158,6 +166,32 @@ TEST(LinuxProcessLauncher, RunsInTheFolderWithItsEnvironmentAndNothingElseSet) {
   EXPECT_THAT(told(output, "folder"), ElementsAre(std::filesystem::canonical(folder.path())));
   EXPECT_THAT(told(output, "environment"), Contains("FRELTA_TEST_VARIABLE=inherited"));
   EXPECT_THAT(told(output, "descriptors"), ElementsAre(inheritedDescriptors()));
+}
+
+TEST(LinuxProcessLauncher, ARunThatDoesNotEndIsEnded) {
+  const TemporaryFolder folder;
+  const std::string path = folder.path() / "number";
+  LinuxProcessLauncher launcher(300ms);
+
+  const std::string output = launcher.standardOutputOf(
+      "/bin/sh", {"-c", "echo $$ >" + path + "; echo out; exec sleep 600"}, "/");
+
+  EXPECT_EQ(output, "");
+  int number = 0;
+  ASSERT_TRUE(std::ifstream(path) >> number);
+  // Ended by the signal, or this would wait for ten minutes.
+  int status = 0;
+  ASSERT_EQ(::waitpid(number, &status, 0), number);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+}
+
+TEST(LinuxProcessLauncher, ARunThatPrintsWithoutEndTakesLittleMemory) {
+  LinuxProcessLauncher launcher;
+  const PeakMemory memory;
+
+  EXPECT_EQ(launcher.standardOutputOf("/usr/bin/yes", {}, "/"), "");
+
+  EXPECT_LT(memory.growth(), std::uint64_t{1} << 20);
 }
 
 TEST(LinuxProcessLauncher, AFolderThatIsMissingIsAFailureToLaunch) {

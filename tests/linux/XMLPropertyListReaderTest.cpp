@@ -7,6 +7,7 @@
 
 #include "foundation/Base64.h"
 #include "foundation/PropertyListSerialization.h"
+#include "tests/support/PeakMemory.h"
 
 namespace frelta {
 namespace {
@@ -274,6 +275,35 @@ TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
 
   ASSERT_TRUE(value && value->data());
   EXPECT_TRUE(value->data()->bytes == blob);
+}
+
+TEST(XMLPropertyListReader, TakesNoAttributeButTheVersion) {
+  EXPECT_EQ(readXMLPropertyList("<plist version='1.0'><true/></plist>"), PropertyListValue(true));
+  EXPECT_EQ(readXMLPropertyList("<plist><true/></plist>"), PropertyListValue(true));
+  EXPECT_FALSE(readXMLPropertyList("<plist lang='en'><true/></plist>"));
+  EXPECT_FALSE(readXMLPropertyList("<plist version='1.0' lang='en'><true/></plist>"));
+  EXPECT_FALSE(readXMLPropertyList("<plist version='1.0'><true version='1.0'/></plist>"));
+}
+
+TEST(XMLPropertyListReader, MillionsOfAttributesTakeNoMemory) {
+  std::string attributes;
+  for (int i = 0; i < 1'000'000; ++i) attributes += " a" + std::to_string(i) + "=''";
+  const std::string document = "<plist" + attributes + "><true/></plist>";
+  std::string wide = "\xFF\xFE";
+  for (const char character : document) wide.append({character, '\0'});
+  const PeakMemory memory;
+
+  EXPECT_FALSE(readXMLPropertyList(document));
+  EXPECT_FALSE(readXMLPropertyList(wide));
+
+  EXPECT_LT(memory.growth(), std::uint64_t{2} << 20);
+}
+
+TEST(XMLPropertyListReader, ACommentOrRawTextMayBeLongAndHoldWhatLooksLikeATag) {
+  const std::string text = "<" + std::string(1'000, 'x');
+
+  EXPECT_EQ(readBody("<!--" + text + "--><true/>"), PropertyListValue(true));
+  EXPECT_EQ(readBody("<string><![CDATA[" + text + "]]></string>"), PropertyListValue(text));
 }
 
 TEST(XMLPropertyListReader, RefusesADocumentOverTheByteLimit) {
