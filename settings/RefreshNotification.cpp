@@ -1,6 +1,9 @@
 #include "settings/RefreshNotification.h"
 
+#include <string>
+
 #include "foundation/Platform.h"
+#include "settings/FreltaPreferencesManager.h"
 
 namespace frelta {
 
@@ -10,6 +13,11 @@ void postRefreshNotification() {
 
 void postNotification(std::string_view name) {
   Platform::current().darwinNotificationCenter->post(name);
+}
+
+void forgetSettingsAtRefresh() {
+  if (auto* centre = Platform::current().darwinNotificationCenter)
+    centre->addObserver(std::string(kRefreshNotification), &FreltaPreferencesManager::clearCache);
 }
 
 }  // namespace frelta

@@ -16,6 +16,7 @@ constexpr double kSameTime = 1e-9;
 void FakeDarwinNotificationCenter::post(std::string_view name) {
   posted.emplace_back(name);
   if (whenPosted) whenPosted(name);
+  deliver(name);
 }
 
 void FakeLog::log(std::string_view line) {

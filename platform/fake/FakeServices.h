@@ -10,7 +10,7 @@
 
 namespace frelta {
 
-/// Records the names posted, in order.
+/// Records the names posted, in order; carries them to this process's observers alone.
 class FakeDarwinNotificationCenter : public DarwinNotificationCenter {
  public:
   void post(std::string_view name) override;

@@ -38,6 +38,7 @@ LinuxDarwinNotificationCenter::~LinuxDarwinNotificationCenter() {
 }
 
 void LinuxDarwinNotificationCenter::post(std::string_view name) {
+  deliver(name);
   const auto now = Clock::now();
   if (now < leaveAloneUntil_ || !isCarriedByBus(name)) return;
   const std::string text(name);

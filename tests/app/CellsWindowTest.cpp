@@ -80,6 +80,33 @@ TEST_F(PickingAPicture, LeavesTheFileTheKeyAndOneBroadcast) {
             (CGSize{40, 30}));
 }
 
+TEST_F(PickingAPicture, IsInUseOnThePageThatOpensNext) {
+  ASSERT_NO_FATAL_FAILURE(tapRow());
+
+  window.pictures.finish({picture(), {}});
+  window.settle();
+  ASSERT_TRUE(window.driver->tapRow("Settings"));
+  window.settle();
+
+  EXPECT_EQ(window.driver->findRow("backgroundImage")->detailTextLabel()->text(), "background");
+}
+
+TEST_F(PickingAPicture, OutlivesThePageThatLoadsItsRowsAnewAndReachesItsNewRow) {
+  ASSERT_NO_FATAL_FAILURE(tapRow());
+  window.application->navigationController()->topViewController()->viewWillAppear(false);
+  window.settle();
+
+  window.pictures.finish({picture(), {}});
+  window.settle();
+
+  EXPECT_EQ(window.settings().at("backgroundImage"), PropertyListValue(kBackgroundImagePath));
+  EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+  EXPECT_EQ(presented(), 0u);
+  const auto image = window.driver->findRow("FreltaImageCell")->imageView()->image();
+  ASSERT_TRUE(image);
+  EXPECT_EQ(image->size(), (CGSize{40, 30}));
+}
+
 TEST_F(PickingAPicture, CancelledByTheEscapeKeyWritesNothingAndTellsOnce) {
   ASSERT_NO_FATAL_FAILURE(tapRow());
 

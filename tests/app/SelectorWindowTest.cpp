@@ -128,6 +128,20 @@ TEST_P(EachKind, ShowsItsExampleAndKeepsOtherKeys) {
   EXPECT_EQ(broadcasts(), 1U);
 }
 
+TEST_P(EachKind, AStyleSwitchedOnIsInUseOnThePageThatOpensNext) {
+  const StyleKind& kind = GetParam();
+  window.installStyle(kind, "A", kRed);
+  ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
+  click(*findView<UIButton>(*cell(0)));
+  ASSERT_TRUE(driver().tapBack());
+  window.settle();
+
+  ASSERT_TRUE(driver().tapRow("Settings"));
+  window.settle();
+
+  EXPECT_EQ(driver().findRow(kind.key)->detailTextLabel()->text(), "A");
+}
+
 INSTANTIATE_TEST_SUITE_P(Kinds, EachKind, testing::Values(kImagesKind, kHTMLKind, kWidgetKind),
                          [](const auto& kind) { return kind.param.name; });
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "fake/FakePlatform.h"
 #include "fake/FakeServices.h"
 #include "linux/LinuxDarwinNotificationCenter.h"
 #include "tests/support/DarwinListener.h"
@@ -10,6 +11,7 @@ namespace frelta {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// The real one, heard by another process.
 class OnTheBus {
@@ -75,6 +77,21 @@ TYPED_TEST(DarwinNotificationCenterContract, NamesAreHeardAsTheyAre) {
   this->center.post(large);
 
   EXPECT_THAT(this->driver.heard(3), ElementsAre("", "größe 鍵盤 \n\t'\"", large));
+}
+
+TYPED_TEST(DarwinNotificationCenterContract, OwnObserversHearTheirNameOnTheQueuesNextTurn) {
+  FakePlatform platform;
+  std::vector<std::string> heard;
+  this->center.addObserver("row", [&] { heard.emplace_back("first"); });
+  this->center.addObserver("row", [&] { heard.emplace_back("second"); });
+  this->center.addObserver("rows", [&] { heard.emplace_back("another name"); });
+
+  this->center.post("row");
+  const auto atOnce = heard;
+  platform.mainQueue.runPending();
+
+  EXPECT_THAT(atOnce, IsEmpty());
+  EXPECT_THAT(heard, ElementsAre("first", "second"));
 }
 
 }  // namespace

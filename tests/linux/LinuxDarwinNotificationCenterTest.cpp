@@ -14,6 +14,7 @@
 #include <thread>
 #include <vector>
 
+#include "fake/FakePlatform.h"
 #include "tests/support/DarwinListener.h"
 #include "tests/support/ForkedChild.h"
 #include "tests/support/PrivateBus.h"
@@ -64,6 +65,20 @@ TEST(LinuxDarwinNotificationCenter, WithoutABusPostingCostsNothing) {
   });
 
   EXPECT_LT(duration, kHang);
+}
+
+TEST(LinuxDarwinNotificationCenter, WithoutABusOwnObserversHearAllTheSame) {
+  FakePlatform platform;
+  PrivateBus bus;
+  bus.stop();
+  LinuxDarwinNotificationCenter center;
+  int heard = 0;
+  center.addObserver("row", [&] { ++heard; });
+
+  center.post("row");
+  platform.mainQueue.runPending();
+
+  EXPECT_EQ(heard, 1);
 }
 
 TEST(LinuxDarwinNotificationCenter, WithoutAnAddressPostingCostsNothing) {
