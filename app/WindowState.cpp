@@ -35,13 +35,11 @@ bool isInSight(QPoint place, QSize size) {
 
 void WindowState::restore(QWindow& window) const {
   const QSettings settings(file_, QSettings::IniFormat);
-  QSize size = settings.value(kSize).toSize();
-  if (size.isValid()) {
-    const QSize largest = availableGeometry(window).size();
-    if (!largest.isEmpty()) size = size.boundedTo(largest);
-    size = size.expandedTo(window.minimumSize());
-    window.resize(size);
-  }
+  const QSize stored = settings.value(kSize).toSize();
+  QSize size = stored.isValid() ? stored : window.size();
+  const QSize largest = availableGeometry(window).size();
+  if (!largest.isEmpty()) size = size.boundedTo(largest);
+  window.resize(size.expandedTo(window.minimumSize()));
   // What is no point would read as the corner.
   const QVariant place = settings.value(kPlace);
   if (place.typeId() == QMetaType::QPoint && isInSight(place.toPoint(), window.size()))

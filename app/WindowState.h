@@ -10,8 +10,9 @@ class WindowState {
  public:
   explicit WindowState(QString file) : file_(std::move(file)) {}
 
-  /// Gives the window the size and, where the desktop lets it, the place. Never smaller than its
-  /// minimum, never larger than the screen, never out of sight.
+  /// Gives the window the size and, where the desktop lets it, the place; without a stored size it
+  /// keeps its own. Never smaller than its minimum, never larger than the screen's work area, never
+  /// out of sight.
   void restore(QWindow& window) const;
   /// Failure is ignored: the next start is then as if this one had not been.
   void save(const QWindow& window) const;

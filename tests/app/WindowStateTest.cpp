@@ -50,6 +50,15 @@ TEST_F(WindowStateTest, LeavesTheWindowAsItIsWithoutAFile) {
   EXPECT_FALSE(QFile::exists(file));
 }
 
+TEST_F(WindowStateTest, FitsAWindowThatWasNeverClosedToTheScreenToo) {
+  const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+  window.resize(480, 50'000);
+
+  state.restore(window);
+
+  EXPECT_EQ(window.size(), QSize(480, screen.height()));
+}
+
 TEST_F(WindowStateTest, RemembersTheSizeFromBeforeItWasMaximized) {
   state.save(window);
   window.setWindowStates(Qt::WindowMaximized);
