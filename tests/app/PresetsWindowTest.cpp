@@ -67,6 +67,28 @@ TEST_F(PresetsWindow, AddWithTextOnThePasteboardAlsoLeadsToANewPreset) {
   EXPECT_THAT(folder(), IsEmpty());
 }
 
+TEST_F(PresetsWindow, AMegabyteThatIsPastedIsImportedWhole) {
+  const std::string large(1'000'000, 'k');
+  const QByteArray shared =
+      QByteArray::fromStdString(R"({"Foreign": ")" + large + R"("})").toBase64();
+  window.pasteboard.text = "anything";
+  ASSERT_NO_FATAL_FAILURE(openScreen());
+  driver().tapRightButton();
+  press("Import Existing Preset...");
+  type(0, QStringLiteral("Got"));
+  EXPECT_TRUE(driver().tapView(*driver().alert()->textFields()[1]));
+  QGuiApplication::clipboard()->setText(QString::fromLatin1(shared));
+
+  key(Qt::Key_V, Qt::ControlModifier);
+  const std::size_t held = driver().alert()->textFields()[1]->text().size();
+  press("Import");
+
+  EXPECT_EQ(held, static_cast<std::size_t>(shared.size()));
+  EXPECT_EQ(alertTitle(), "no alert");
+  EXPECT_EQ(preset("Got"), (Dictionary{{"Foreign", large}}));
+  QGuiApplication::clipboard()->clear();
+}
+
 TEST_F(PresetsWindow, ImportOfBadDataSaysSoAndGoesBackToTheList) {
   window.pasteboard.text = "anything";
   ASSERT_NO_FATAL_FAILURE(openScreen());

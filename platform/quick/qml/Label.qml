@@ -12,7 +12,7 @@ Text {
     verticalAlignment: Text.AlignVCenter
     elide: node.lines === 1 ? Text.ElideRight : Text.ElideNone
     wrapMode: node.lines === 1 ? Text.NoWrap : Text.Wrap
-    maximumLineCount: node.lines > 0 ? node.lines : 10000
+    maximumLineCount: node.lines > 0 ? node.lines : 2147483647
     fontSizeMode: node.minimumPixelSize > 0 ? Text.HorizontalFit : Text.FixedSize
     minimumPixelSize: Math.max(1, node.minimumPixelSize)
 

@@ -8,6 +8,8 @@ T.TextField {
     required property TextFieldNode node
 
     enabled: node.enabled
+    // The item's own limit is 32767 characters.
+    maximumLength: 2147483647
     text: node.text
     font: node.font
     color: node.theme.label
