@@ -28,7 +28,7 @@ void encodeGroup(const char* bytes, char* digits) {
   for (std::size_t i = 0; i <= kBytes; ++i) digits[i] = kAlphabet[group >> (18 - 6 * i) & 0x3F];
 }
 
-/// Up to four digits become one byte less. False when one is no digit or bits are left over.
+/// Up to four digits become one byte less; bits left over go. False when one is no digit.
 template <std::size_t kDigits>
 bool decodeGroup(const char* digits, char* bytes) {
   std::uint32_t group = 0;
@@ -39,8 +39,7 @@ bool decodeGroup(const char* digits, char* bytes) {
     seen |= value;
     group = group << 6 | value;
   }
-  constexpr std::uint32_t kUnused = kDigits == 4 ? 0 : kDigits == 3 ? 0xFF : 0xFFFF;
-  if (seen > 0x3F || group & kUnused) return false;
+  if (seen > 0x3F) return false;
   for (std::size_t i = 0; i + 1 < kDigits; ++i)
     bytes[i] = static_cast<char>(group >> (16 - 8 * i) & 0xFF);
   return true;

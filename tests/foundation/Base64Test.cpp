@@ -62,12 +62,14 @@ TEST(Base64, RefusesMissingExtraOrMisplacedPadding) {
     EXPECT_EQ(dataFromBase64String(text), std::nullopt) << text;
 }
 
-TEST(Base64, RefusesBitsUnderThePadding) {
-  for (const char* text : {"Zh==", "Zv==", "Zm9=", "Zm+=", "//=="})
-    EXPECT_EQ(dataFromBase64String(text), std::nullopt) << text;
+TEST(Base64, PassesOverBitsUnderThePadding) {
+  for (const char* text : {"Zh==", "Zv=="}) EXPECT_EQ(dataFromBase64String(text), "f") << text;
+  for (const char* text : {"Zm9=", "Zm+="}) EXPECT_EQ(dataFromBase64String(text), "fo") << text;
+  EXPECT_EQ(dataFromBase64String("//=="), "\xFF");
+  EXPECT_EQ(dataFromBase64String("e31="), "{}");
 }
 
-TEST(Base64, WhateverItAcceptsIsTheOneEncodingOfItsBytes) {
+TEST(Base64, WhateverItAcceptsDiffersFromTheOneEncodingOfItsBytesOnlyInBitsUnderThePadding) {
   std::mt19937 random(1);
   constexpr std::string_view kCharacters = "AQgw/+9z=";
   int accepted = 0;
@@ -78,7 +80,11 @@ TEST(Base64, WhateverItAcceptsIsTheOneEncodingOfItsBytes) {
     const std::optional<std::string> bytes = dataFromBase64String(text);
     if (!bytes) continue;
     ++accepted;
-    EXPECT_EQ(base64EncodedString(*bytes), text);
+    std::string encoded = base64EncodedString(*bytes);
+    ASSERT_EQ(encoded.size(), text.size());
+    if (const std::size_t padding = text.find('='); padding != std::string::npos)
+      encoded[padding - 1] = text[padding - 1];
+    EXPECT_EQ(encoded, text);
   }
 
   EXPECT_GT(accepted, 5'000);

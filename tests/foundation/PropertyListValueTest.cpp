@@ -132,7 +132,9 @@ TEST(PropertyListValue, IntValueOfANumberIsCutTo32Bits) {
 
 TEST(PropertyListValue, IntValueOfTextIsClampedTo32Bits) {
   EXPECT_EQ(PropertyListValue("12").intValue(), 12);
+  EXPECT_EQ(PropertyListValue("2147483646").intValue(), 2147483646);
   EXPECT_EQ(PropertyListValue("2147483648").intValue(), 2147483647);
+  EXPECT_EQ(PropertyListValue("-2147483647").intValue(), -2147483647);
   EXPECT_EQ(PropertyListValue("-2147483649").intValue(), -2147483647 - 1);
   EXPECT_EQ(PropertyListValue("YES").intValue(), 0);
 }

@@ -36,6 +36,16 @@ TEST(UTF8, MalformedBytesAreNoScalar) {
     EXPECT_FALSE(scalarAt(text, 0)) << testing::PrintToString(text);
 }
 
+TEST(UTF8, OneBadByteAnywhereSpoilsAText) {
+  EXPECT_TRUE(isUTF8(""));
+  EXPECT_TRUE(isUTF8("aé€😀"));
+  for (const char* text : {"\xFF",
+                           "\xFF"
+                           "a",
+                           "a\xFF", "a\xE9.plist", "é\x80", "é€\xC3"})
+    EXPECT_FALSE(isUTF8(text)) << testing::PrintToString(text);
+}
+
 TEST(UTF8, ASequenceThatRunsOverTheEndOfTheViewIsNoScalar) {
   const std::string_view text = "a€";
 

@@ -12,6 +12,16 @@ using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
 
+/// Notes how each alert is presented.
+class NotingPresets : public FreltaPresets {
+ public:
+  void presentViewController(std::shared_ptr<UIViewController> controller, bool animated) override {
+    presentedAnimated.push_back(animated);
+    FreltaPresets::presentViewController(std::move(controller), animated);
+  }
+  std::vector<bool> presentedAnimated;
+};
+
 class FreltaPresetsScreen : public PresetsTest {
  protected:
   UIBarButtonItem* addButton() { return screen->navigationItem().rightBarButtonItem().get(); }
@@ -327,6 +337,30 @@ TEST_F(FreltaPresetsScreen, SavingGoesThroughItsStepsInOrder) {
               ElementsAre(Pair(Operation::Write, kPresetA), Pair(Operation::Copy, kSettingsPath),
                           Pair(Operation::Write, kSettingsPath),
                           Pair(Operation::Contents, kPresetsFolder)));
+}
+
+TEST_F(FreltaPresetsScreen, PresentsEveryAlertAnimated) {
+  putPreset("A", {});
+  NotingPresets& shown = show<NotingPresets>();
+  const std::vector<std::function<void()>> asking = {
+      [&] { tapRow(0); },
+      [&] { pressRowAction(0, "Delete"); },
+      [&] { pressRowAction(0, "Share"); },
+      [&] { shown.askForSharedPreset(); },
+      [&] { shown.newPresetAlert(); },
+      [&] { shown.importPresetAlert(); },
+      [&] { shown.validatePresetName(""); },
+      [&] { shown.importPresetWithBase64String("", "B"); }};
+
+  for (const auto& ask : asking) {
+    ask();
+    platform.mainQueue.runPending();
+    ASSERT_NE(alert(), nullptr);
+    shown.dismissViewControllerAnimated(false);
+    ASSERT_EQ(alert(), nullptr);
+  }
+
+  EXPECT_EQ(shown.presentedAnimated, std::vector<bool>(asking.size(), true));
 }
 
 TEST_F(FreltaPresetsScreen, TakesWhatTheFrameworkTellsEveryControllerAndDoesNothing) {

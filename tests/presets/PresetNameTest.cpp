@@ -55,6 +55,14 @@ TEST(PresetName, MustHoldMoreThanBlanks) {
   }
 }
 
+TEST(PresetName, KnowsEachOfUnicodesBlanksAndNoneBeside) {
+  for (const std::string text :
+       {"\u00a0", "\u1680", "\u2000", "\u200a", "\u202f", "\u205f", "\u3000"})
+    EXPECT_EQ(problem(text), kInvalid) << text;
+  for (const std::string text : {"\u009f", "\u00a1", "\u1fff", "\u200b", "\u2030", "\u3001"})
+    EXPECT_THAT(name(text), Optional(Eq(text)));
+}
+
 TEST(PresetName, KeepsTheBlanksAtItsEnds) {
   EXPECT_THAT(name("  a  "), Optional(Eq("  a  ")));
   EXPECT_THAT(name("\ta\t"), Optional(Eq("\ta\t")));
