@@ -23,10 +23,7 @@ enum class Lock { Held, Busy, Unsupported };
 
 /// The lock goes when the descriptor is closed, with the process at the latest.
 Lock tryLock(const FileDescriptor& file) {
-  int result;
-  do result = ::flock(file.get(), LOCK_EX | LOCK_NB);
-  while (result != 0 && errno == EINTR);
-  if (result == 0) return Lock::Held;
+  if (::flock(file.get(), LOCK_EX | LOCK_NB) == 0) return Lock::Held;
   return errno == EWOULDBLOCK ? Lock::Busy : Lock::Unsupported;
 }
 

@@ -111,6 +111,7 @@ TEST(BinaryPropertyListReader, LongContentsCarryTheirLengthAsAnInteger) {
 
   EXPECT_EQ(readObject("\x5F\x11\x01\x2C" + text), PropertyListValue(text));
   EXPECT_EQ(readObject("\x4F\x10\x02\0\1"s), PropertyListValue(Data{"\0\1"s}));
+  EXPECT_EQ(readObject("\x5F\x13" + bigEndian(300, 8) + text), PropertyListValue(text));
   EXPECT_EQ(readObject("\x5F\x11\x01\x2D" + text), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x52hi"), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x14"s + std::string(16, '\0')), std::nullopt);

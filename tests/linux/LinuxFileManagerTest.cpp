@@ -132,6 +132,19 @@ TEST(LinuxFileManager, AFileThatIsTooLargeIsNotReadAtAll) {
   EXPECT_EQ(status, 0);
 }
 
+TEST(LinuxFileManager, AFolderWhoseListingBreaksOffHasNoContents) {
+  const DeviceFiles device;
+  const LinuxFileManager files(device.root());
+  device.put("/file", "x");
+
+  const int status = exitStatusOfChild([&] {
+    failSystemCall(SYS_getdents64, EIO);
+    return files.contentsOfDirectoryAtPath("/") ? 1 : 0;
+  });
+
+  EXPECT_EQ(status, 0);
+}
+
 TEST(LinuxFileManager, ReadsNoDevices) {
   const LinuxFileManager files("/dev");
 
