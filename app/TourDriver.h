@@ -19,6 +19,7 @@ class TourDriver {
   /// Neither is owned.
   TourDriver(QuickWindow& window, UINavigationController& navigation)
       : window_(window), navigation_(navigation) {}
+  virtual ~TourDriver() = default;
 
   /// The cell of the row with that identifier on the page on top, scrolled into sight; null when
   /// the page has no such row.
@@ -55,7 +56,7 @@ class TourDriver {
   bool typeIntoAlert(std::size_t field, const QString& text);
 
   /// Lets the window work until nothing moves any more.
-  void settle();
+  virtual void settle();
   /// Whether the condition came true within the time.
   bool waitFor(const std::function<bool()>& condition, int milliseconds = 2000);
   /// Saves what the window shows. False when the file cannot be written.

@@ -40,6 +40,8 @@ class ViewMirror : public QObject {
 
   ViewNode& nodeFor(UIView& view);
   QQuickItem* makeItem(ViewNode& node);
+  /// One for each view that has been shown and is not gone.
+  const QSet<ViewNode*>& nodes() const { return nodes_; }
   bool isMirrorItem(QQuickItem* item) const { return items_.contains(item); }
 
   ImageTextures& textures() { return textures_; }
@@ -59,6 +61,8 @@ class ViewMirror : public QObject {
   void layoutTables();
   /// Lays the views out and carries the changes over now.
   void flush();
+  /// Whether every change has been carried over, and what was taken down is gone.
+  bool isSettled() const { return !flushScheduled_ && dirty_.empty() && orphans_.isEmpty(); }
 
  Q_SIGNALS:
   void sideMarginChanged();

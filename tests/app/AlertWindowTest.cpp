@@ -1,5 +1,4 @@
 #include <QAccessible>
-#include <QElapsedTimer>
 #include <QQuickTextDocument>
 #include <QTextDocument>
 
@@ -231,15 +230,12 @@ TEST_F(AlertWindow, AMegabyteOfSharedTextIsShownPieceByPiece) {
   };
 
   int turns = 0;
-  QElapsedTimer whole;
-  whole.start();
   do {
     window.platform.mainQueue.runPending();
     QCoreApplication::processEvents();
-    quick().grabWindow();
+    if (turns % 10 == 0) quick().grabWindow();
     ++turns;
-  } while (!whole.hasExpired(60'000) &&
-           shownCharacters() < static_cast<int>(alertMessage().size()));
+  } while (turns < 100'000 && shownCharacters() < static_cast<int>(alertMessage().size()));
 
   EXPECT_EQ(alertTitle(), "Share \"Big\"...");
   EXPECT_GT(alertMessage().size(), 800'000u);

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <QTest>
 
+#include <optional>
 #include <string>
 
 #include "app/SettingsApplication.h"
-#include "app/TourDriver.h"
 #include "fake/FakePasteboard.h"
 #include "fake/FakePicturePicker.h"
 #include "fake/FakePlatform.h"
@@ -14,6 +14,8 @@
 #include "painting/QtImageServices.h"
 #include "quick/QtTextMeasurer.h"
 #include "settings/SettingsKeys.h"
+#include "tests/app/OwnBundle.h"
+#include "tests/app/StillDriver.h"
 #include "uikit/UISwitch.h"
 
 namespace frelta {
@@ -23,7 +25,8 @@ namespace frelta {
 /// open().
 class OpenWindow {
  public:
-  explicit OpenWindow(UserInterfaceStyle style = UserInterfaceStyle::Light) : appearance(style) {
+  /// Without a style the desktop decides.
+  explicit OpenWindow(std::optional<UserInterfaceStyle> style = UserInterfaceStyle::Light) : appearance(style) {
     services = Platform::current();
   }
 
@@ -35,12 +38,13 @@ class OpenWindow {
     application = std::make_unique<SettingsApplication>(services, GraphicsServices{&images_}, kit,
                                                         appearance);
     QString error;
-    ASSERT_TRUE(application->open(bundle, error)) << error.toStdString();
+    bundle_ = std::make_unique<OwnBundle>(bundle);
+    ASSERT_TRUE(application->open(bundle_->path(), error)) << error.toStdString();
     application->window()->resize(size);
     application->window()->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(application->window()));
     driver =
-        std::make_unique<TourDriver>(*application->window(), *application->navigationController());
+        std::make_unique<StillDriver>(*application->window(), *application->navigationController());
     settle();
   }
 
@@ -82,6 +86,7 @@ class OpenWindow {
  private:
   QtImageServices images_;
   QtTextMeasurer text_;
+  std::unique_ptr<OwnBundle> bundle_;
 
  public:
   std::unique_ptr<SettingsApplication> application;

@@ -2,13 +2,19 @@
 #include <QGuiApplication>
 
 #include "quick/RenderBackend.h"
+#include "tests/app/StillDriver.h"
+#include "tests/support/RestoredApplication.h"
 #include "tests/support/TestFonts.h"
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // A frame follows as soon as one is asked for.
+  qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
   frelta::useTestFonts();
   testing::InitGoogleMock(&argc, argv);
   QGuiApplication application(argc, argv);
   frelta::chooseRenderBackend();
+  frelta::StillDriver::animations();
+  testing::UnitTest::GetInstance()->listeners().Append(new frelta::RestoredApplication);
   return RUN_ALL_TESTS();
 }

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 
 #include "quick/RenderBackend.h"
+#include "tests/support/RestoredApplication.h"
 #include "tests/support/TestFonts.h"
 
 int main(int argc, char** argv) {
@@ -11,5 +12,6 @@ int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   QGuiApplication application(argc, argv);
   frelta::chooseRenderBackend();
+  testing::UnitTest::GetInstance()->listeners().Append(new frelta::RestoredApplication);
   return RUN_ALL_TESTS();
 }
