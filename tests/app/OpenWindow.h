@@ -26,7 +26,8 @@ namespace frelta {
 class OpenWindow {
  public:
   /// Without a style the desktop decides.
-  explicit OpenWindow(std::optional<UserInterfaceStyle> style = UserInterfaceStyle::Light) : appearance(style) {
+  explicit OpenWindow(std::optional<UserInterfaceStyle> style = UserInterfaceStyle::Light)
+      : appearance(style) {
     services = Platform::current();
   }
 
