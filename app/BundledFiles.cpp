@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <string>
 
+#include "device/Paths.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 
@@ -14,8 +15,8 @@ namespace frelta {
 
 namespace {
 
-const QString kBundle = QStringLiteral("/Library/PreferenceBundles/freltaprefs.bundle");
-const QString kThemes = QStringLiteral("/Library/Frelta/Themes");
+const QString kBundle = QString::fromUtf8(kBundleFolder.data(), kBundleFolder.size());
+const QString kThemes = QString::fromUtf8(kThemesFolder.data(), kThemesFolder.size());
 /// Stands until every example is installed, so that the next start makes up for one cut short.
 const QString kUnfinished = QStringLiteral("/Library/Frelta/.installing-examples");
 
@@ -52,7 +53,7 @@ void installBundledFiles(const QString& bundleFolder) {
   QDirIterator files(themes.path(), QDir::Files, QDirIterator::Subdirectories);
   while (files.hasNext()) {
     const QString path = files.next();
-    complete &= install(path, kThemes + QLatin1Char('/') + themes.relativeFilePath(path));
+    complete &= install(path, kThemes + themes.relativeFilePath(path));
   }
   if (complete) Platform::current().fileManager->removeItemAtPath(kUnfinished.toStdString());
 }

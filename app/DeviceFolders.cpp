@@ -2,16 +2,17 @@
 
 #include <string>
 
+#include "device/Paths.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 
 namespace frelta {
 
 void createDeviceFolders() {
-  for (const char* folder : {"/var/mobile/Library/Preferences", "/Library/Frelta/Presets",
-                             "/Library/Frelta/Themes", "/Library/Frelta/UserImages"}) {
+  for (const std::string_view folder :
+       {kPreferencesFolder, kPresetsFolder, kThemesFolder, kUserImagesFolder}) {
     if (!Platform::current().fileManager->createDirectoryAtPath(folder)) {
-      freltaLog(std::string("createDeviceFolders cannot make ") + folder);
+      freltaLog(std::string("createDeviceFolders cannot make ").append(folder));
     }
   }
 }

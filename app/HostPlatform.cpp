@@ -1,13 +1,13 @@
 #include "app/HostPlatform.h"
 
+#include "device/Paths.h"
 #include "installer/StyleInstallation.h"
 
 namespace frelta {
 
 HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance)
     : files_(root), system_(appearance) {
-  for (const char* folder : {"/var/mobile/Library/Preferences", "/Library/Frelta/Presets",
-                             "/Library/Frelta/UserImages"}) {
+  for (const std::string_view folder : {kPreferencesFolder, kPresetsFolder, kUserImagesFolder}) {
     files_.sweepDirectoryAtPath(folder);
   }
   sweepUnfinishedStyles(root);

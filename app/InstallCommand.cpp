@@ -11,6 +11,7 @@
 #include "app/LoadedBundle.h"
 #include "app/StyleRefusalText.h"
 #include "app/TerminalText.h"
+#include "device/Notifications.h"
 #include "foundation/Platform.h"
 #include "installer/StyleInstallation.h"
 #include "linux/LinuxDarwinNotificationCenter.h"
@@ -28,8 +29,6 @@ class InstallCommand {
   static QString installed(const QString& name) { return tr("“%1” was installed.").arg(name); }
   static QString replaceHint() { return tr("--replace installs it in the other one's place."); }
 };
-
-constexpr const char* kRefresh = "com.tarno.frelta.refresh";
 
 /// One line that is written over itself, for people only.
 bool showProgress(double part) {
@@ -71,7 +70,7 @@ int runInstallCommand(const Options& options) {
   const QString name = QString::fromStdString(std::get<InstalledStyle>(result).name);
   std::puts(terminalText(InstallCommand::installed(name)).constData());
   // The keyboard may be showing the style that was there.
-  if (options.replace) notifications.post(kRefresh);
+  if (options.replace) notifications.post(kRefreshNotification);
   return 0;
 }
 

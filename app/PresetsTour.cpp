@@ -1,5 +1,6 @@
 #include "app/PresetsTour.h"
 
+#include "device/Paths.h"
 #include "foundation/Platform.h"
 #include "uikit/UIPasteboard.h"
 
@@ -11,7 +12,7 @@ const QString kSaved = QStringLiteral("Tour preset");
 const QString kImported = QStringLiteral("Shared preset");
 
 std::string pathOf(const QString& name) {
-  return "/Library/Frelta/Presets/" + name.toStdString() + ".plist";
+  return std::string(kPresetsFolder) + "/" + name.toStdString() + ".plist";
 }
 
 bool presetExists(const QString& name) {

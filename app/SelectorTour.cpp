@@ -2,44 +2,37 @@
 
 #include <string>
 
+#include "device/Paths.h"
+#include "device/StyleKinds.h"
 #include "foundation/Platform.h"
+#include "foundation/StringPaths.h"
 
 namespace frelta {
 
 namespace {
 
-struct Kind {
-  const char* title;
-  int mode;
-  const char* row;
-  const char* key;
-  const char* example;
-  const char* extension;
-  /// What a folder has in it that tells the kind.
-  const char* marker;
-};
-
-constexpr Kind kKinds[] = {
-    {"HTML Themes", 1, "FreltaHTMLCell", "EnabledHTMLThemesPath", "Example HTML", ".theme",
-     "/HTML"},
-    {"Image Themes", 3, "FreltaThemesCell", "EnabledThemePath", "Example Images", ".theme",
-     "/Images"},
-    {"Widgets", 4, "FreltaWidgetCell", "EnabledWidgetPath", "Example Widget", ".bundle", ""}};
 const std::string kSecond = "Tour Style";
 
-std::string pathOf(const Kind& kind, const std::string& name) {
-  return "/Library/Frelta/Themes/" + name + kind.extension;
+std::string nameOf(std::string_view path) {
+  return std::string(stringByDeletingPathExtension(lastPathComponent(path)));
+}
+
+/// Beside the example, with its suffix.
+std::string pathOfSecond(const StyleKind& kind) {
+  const std::string_view example = kind.examplePath;
+  return std::string(kThemesFolder) + kSecond + std::string(example.substr(example.rfind('.')));
 }
 
 /// A second style, since there is one example of each kind, with the example's icons. Nothing that
 /// is there is touched.
-bool installSecond(const Kind& kind) {
+bool installSecond(const StyleKind& kind) {
   FileManager& files = *Platform::current().fileManager;
-  const std::string folder = pathOf(kind, kSecond);
-  if (files.fileExistsAtPath(folder) || !files.createDirectoryAtPath(folder + kind.marker))
+  const std::string folder = pathOfSecond(kind);
+  if (files.fileExistsAtPath(folder) ||
+      !files.createDirectoryAtPath(stringByAppendingPathComponent(folder, kind.folder)))
     return false;
   for (const char* icon : {"/Icon@1.png", "/Icon@2.png", "/Icon@3.png", "/Icon.png"})
-    files.copyItemAtPath(pathOf(kind, kind.example) + icon, folder + icon);
+    files.copyItemAtPath(std::string(kind.examplePath) + icon, folder + icon);
   return true;
 }
 
@@ -47,25 +40,27 @@ bool isOn(TourDriver& driver, const std::string& name) {
   return driver.findButton("Disable " + name) != nullptr;
 }
 
-void walkThrough(Tour& tour, const Kind& kind) {
+void walkThrough(Tour& tour, const StyleKind& kind) {
   TourDriver& driver = tour.driver();
-  const QString title = QString::fromLatin1(kind.title);
-  const std::string example = kind.example;
+  const QString title = QString::fromUtf8(kind.title.data(), kind.title.size());
+  const std::string example = nameOf(kind.examplePath);
+  const std::string row(kind.rowKey);
   const auto stores = [&](const std::string& value) {
-    return Tour::storedValue(kind.key) == PropertyListValue(value) && tour.heardRefreshes(1);
+    return Tour::storedValue(std::string(kind.enabledPathKey)) == PropertyListValue(value) &&
+           tour.heardRefreshes(1);
   };
   const bool installed = installSecond(kind);
   tour.step(QStringLiteral("Open \"%1\"").arg(title), [&] {
-    return installed && tour.choosesBackground(kind.mode, kind.row) && driver.tapRow(kind.row) &&
-           driver.findButton("Enable " + kSecond);
+    return installed && tour.choosesBackground(kind.firstBackgroundMode, row) &&
+           driver.tapRow(row) && driver.findButton("Enable " + kSecond);
   });
   tour.step(QStringLiteral("Enable one of %1").arg(title), [&] {
     return driver.tapButton("Enable " + kSecond) && isOn(driver, kSecond) &&
-           !isOn(driver, example) && stores(pathOf(kind, kSecond));
+           !isOn(driver, example) && stores(pathOfSecond(kind));
   });
   tour.step(QStringLiteral("Enable another, which switches that one off"), [&] {
     return driver.tapButton("Enable " + example) && isOn(driver, example) &&
-           !isOn(driver, kSecond) && stores(pathOf(kind, example));
+           !isOn(driver, kSecond) && stores(std::string(kind.examplePath));
   });
   tour.step(QStringLiteral("Switch %1 off").arg(title), [&] {
     return driver.tapButton("Disable " + example) && !isOn(driver, example) &&
@@ -73,13 +68,13 @@ void walkThrough(Tour& tour, const Kind& kind) {
   });
   tour.step(QStringLiteral("Back to the root page from \"%1\"").arg(title),
             [&] { return driver.tapBack() && driver.hasRow("Enabled"); });
-  if (installed) Platform::current().fileManager->removeItemAtPath(pathOf(kind, kSecond));
+  if (installed) Platform::current().fileManager->removeItemAtPath(pathOfSecond(kind));
 }
 
 }  // namespace
 
 void walkThroughSelectors(Tour& tour) {
-  for (const Kind& kind : kKinds) walkThrough(tour, kind);
+  for (const StyleKind& kind : styleKinds()) walkThrough(tour, kind);
 }
 
 }  // namespace frelta

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "app/StyleRefusalText.h"
+#include "device/Notifications.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "quick/EventGuard.h"
@@ -126,7 +127,7 @@ void StyleDrop::styleInstalled(const InstalledStyle& style, bool replaced) {
   showNote(tr("“%1” was installed.").arg(QString::fromStdString(style.name)), kNoBar,
            kNoteMilliseconds);
   // The keyboard may be showing the style that was there.
-  if (replaced) Platform::current().darwinNotificationCenter->post("com.tarno.frelta.refresh");
+  if (replaced) Platform::current().darwinNotificationCenter->post(kRefreshNotification);
   // A page takes up what is new as if it came back into view.
   guardEvent([&] {
     if (UIViewController* page = navigation_.topViewController()) page->viewWillAppear(false);

@@ -6,6 +6,8 @@
 #include "app/PresetsTour.h"
 #include "app/SelectorTour.h"
 #include "app/TerminalText.h"
+#include "device/Notifications.h"
+#include "device/Paths.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 
@@ -13,8 +15,8 @@ namespace frelta {
 
 namespace {
 
-const std::string kSettingsPath = "/var/mobile/Library/Preferences/com.tarno.freltaprefs.plist";
-const QString kRefresh = QStringLiteral("com.tarno.frelta.refresh");
+const QString kRefresh =
+    QString::fromUtf8(kRefreshNotification.data(), kRefreshNotification.size());
 
 void printSettingsFile() {
   const auto bytes = Platform::current().fileManager->contentsAtPath(

@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "presets/FreltaPresets.h"
 #include "presets/PresetStore.h"
 #include "quick/QtTextMeasurer.h"
 #include "quick/QuickWindow.h"
 #include "quick/RenderBackend.h"
-#include "settings/SettingsKeys.h"
 #include "uikit/UIKitServices.h"
 
 using namespace frelta;

@@ -7,11 +7,11 @@
 #include <fstream>
 #include <string>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "foundation/PropertyListFiles.h"
 #include "presets/PresetCodec.h"
 #include "presets/PresetName.h"
-#include "settings/SettingsKeys.h"
 
 using namespace frelta;
 

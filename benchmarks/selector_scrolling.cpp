@@ -13,13 +13,13 @@
 #include <string>
 #include <vector>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "graphics/GraphicsServices.h"
 #include "painting/QtImageServices.h"
 #include "quick/QtTextMeasurer.h"
 #include "quick/QuickWindow.h"
 #include "selector/FreltaThemeSelectorViewController.h"
-#include "settings/SettingsKeys.h"
 #include "uikit/UIKitServices.h"
 
 using namespace frelta;

@@ -10,9 +10,9 @@
 #include <thread>
 #include <vector>
 
+#include "device/SettingsKeys.h"
 #include "fake/FakePlatform.h"
 #include "settings/FreltaPreferencesManager.h"
-#include "settings/SettingsKeys.h"
 
 using namespace frelta;
 

@@ -11,9 +11,9 @@
 #include <functional>
 #include <string>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "linux/LinuxFileManager.h"
-#include "settings/SettingsKeys.h"
 #include "styles/FreltaStyleLibrary.h"
 
 using namespace frelta;

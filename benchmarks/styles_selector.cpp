@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "graphics/GraphicsServices.h"
 #include "linux/LinuxFileManager.h"
@@ -15,7 +16,6 @@
 #include "quick/QtTextMeasurer.h"
 #include "quick/QuickWindow.h"
 #include "selector/FreltaThemeSelectorViewController.h"
-#include "settings/SettingsKeys.h"
 #include "uikit/UIKitServices.h"
 #include "uikit/UINavigationController.h"
 

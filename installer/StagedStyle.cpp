@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "device/Paths.h"
 #include "linux/FolderContents.h"
 #include "linux/OpenBeneath.h"
 
@@ -23,8 +24,6 @@ namespace {
 
 using Reason = StyleRefusalReason;
 
-constexpr std::string_view kStylesFolder = "/Library/Frelta/Themes";
-constexpr std::string_view kParentFolder = "/Library/Frelta";
 /// Of the private folder, before random digits. Not in the styles folder, where it would count as a
 /// style.
 constexpr std::string_view kPrivatePrefix = ".installing-style-";
@@ -81,7 +80,7 @@ std::variant<std::unique_ptr<StagedStyle>, StyleRefusal> StagedStyle::begin(
   int error = 0;
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     std::unique_ptr<StagedStyle> staged(
-        new StagedStyle(root.open(kParentFolder, kFolder), root.open(kStylesFolder, kFolder)));
+        new StagedStyle(root.open(kFreltaFolder, kFolder), root.open(kThemesFolder, kFolder)));
     if (!staged->parent_ || !staged->styles_) return cannotWrite();
     if (staged->makeUnder(privateName())) return staged;
     error = errno;
@@ -108,7 +107,7 @@ bool StagedStyle::makeUnder(const std::string& name) {
 }
 
 void StagedStyle::sweep(const DeviceRoot& root) {
-  const FileDescriptor parent = root.open(kParentFolder, kFolder);
+  const FileDescriptor parent = root.open(kFreltaFolder, kFolder);
   if (!parent) return;
   for (const auto& name : namesInFolder(parent).value_or(std::vector<std::string>())) {
     if (!name.starts_with(kPrivatePrefix)) continue;

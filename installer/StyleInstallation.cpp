@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "device/Paths.h"
 #include "installer/FolderStyleSource.h"
 #include "installer/StagedStyle.h"
 #include "installer/StylePlan.h"
@@ -113,8 +114,8 @@ std::variant<InstalledStyle, StyleRefusal> installStyle(const StyleInstallation&
   const auto& plan = std::get<StylePlan>(planned);
 
   LinuxFileManager files(installation.root);
-  const std::string place = "/Library/Frelta/Themes/" + plan.name;
-  files.createDirectoryAtPath("/Library/Frelta/Themes");
+  const std::string place = std::string(kThemesFolder) + plan.name;
+  files.createDirectoryAtPath(kThemesFolder);
   // Known before the work; taking the place decides it again.
   if (!installation.replace && files.fileExistsAtPath(place))
     return StyleRefusal{Reason::AlreadyInstalled, plan.name};

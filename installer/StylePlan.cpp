@@ -7,6 +7,7 @@
 #include <set>
 #include <string_view>
 
+#include "device/StyleKinds.h"
 #include "foundation/UTF8.h"
 
 namespace frelta {
@@ -81,24 +82,24 @@ bool add(Tree& tree, std::set<std::string, std::less<>>& told, const StyleEntry&
   return tree.try_emplace(path, index).second;
 }
 
-/// As the scan of the styles folder sees them; lower-casing makes no ASCII letter out of another.
-bool isWidgetName(std::string_view name) {
-  constexpr std::string_view kSuffix = ".bundle";
-  if (name.size() < kSuffix.size()) return false;
-  return std::ranges::equal(name.substr(name.size() - kSuffix.size()), kSuffix, {}, [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+/// As the scan of the styles folder sees them.
+bool isNamedAsStyle(std::string_view name) {
+  return std::ranges::any_of(styleKinds(), [&](const StyleKind& kind) {
+    return kind.folder.empty() && isNamedAsKind(name, kind);
   });
 }
 
-bool holdsTheme(const Tree& tree, const std::string& prefix) {
-  return tree.contains(prefix + "Images") || tree.contains(prefix + "HTML");
+bool holdsStyleFolder(const Tree& tree, const std::string& prefix) {
+  return std::ranges::any_of(styleKinds(), [&](const StyleKind& kind) {
+    return !kind.folder.empty() && tree.contains(prefix + std::string(kind.folder));
+  });
 }
 
 std::vector<std::string> stylesAtTop(const Tree& tree) {
   std::vector<std::string> styles;
   for (const auto& [path, entry] : tree) {
     const bool atTop = path.find('/') == std::string::npos;
-    if (atTop && !entry && (isWidgetName(path) || holdsTheme(tree, path + '/')))
+    if (atTop && !entry && (isNamedAsStyle(path) || holdsStyleFolder(tree, path + '/')))
       styles.push_back(path);
   }
   return styles;
@@ -111,14 +112,14 @@ struct Found {
 };
 
 std::variant<Found, StyleRefusal> findStyle(const Tree& tree, const std::string& sourceName) {
-  if (holdsTheme(tree, {})) return Found{sourceName, {}};
+  if (holdsStyleFolder(tree, {})) return Found{sourceName, {}};
   const std::vector<std::string> styles = stylesAtTop(tree);
   if (styles.size() > 1) {
-    if (isWidgetName(sourceName)) return Found{sourceName, {}};
+    if (isNamedAsStyle(sourceName)) return Found{sourceName, {}};
     return StyleRefusal{Reason::SeveralStyles, styles[0] + ", " + styles[1]};
   }
   if (styles.size() == 1) return Found{styles[0], styles[0] + '/'};
-  if (isWidgetName(sourceName) && !tree.empty()) return Found{sourceName, {}};
+  if (isNamedAsStyle(sourceName) && !tree.empty()) return Found{sourceName, {}};
   return StyleRefusal{Reason::NotAStyle, {}};
 }
 

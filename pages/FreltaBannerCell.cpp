@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "device/Paths.h"
 #include "foundation/Platform.h"
 #include "graphics/GraphicsServices.h"
 
@@ -10,8 +11,6 @@ namespace frelta {
 
 namespace {
 
-constexpr std::string_view kIconPath =
-    "/Library/PreferenceBundles/freltaprefs.bundle/iconlarge.png";
 constexpr double kRowHeight = 150;
 constexpr double kFrameHeight = 195;
 constexpr double kIconTop = 15;
@@ -36,7 +35,7 @@ FreltaBannerCell::FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier)
 
   auto icon = std::make_unique<UIImageView>(CGRect(0, kIconTop, width, kIconHeight));
   icon->setContentMode(UIViewContentMode::ScaleAspectFit);
-  unmaskedImage_ = UIImage::imageWithContentsOfFile(kIconPath);
+  unmaskedImage_ = UIImage::imageWithContentsOfFile(kBannerIconPath);
   if (unmaskedImage_) {
     icon->setImage(
         roundedRectImageFromImage(unmaskedImage_, unmaskedImage_->size().width * kIconRadiusShare));

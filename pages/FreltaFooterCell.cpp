@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "device/Paths.h"
 #include "settings/TarnoPackage.h"
 
 namespace frelta {
@@ -14,7 +15,7 @@ constexpr double kLabelHeight = 15;
 constexpr double kTextSize = 12;
 
 std::string notice() {
-  const auto package = TarnoPackage::packageWithIdentifier("com.tarno.frelta");
+  const auto package = TarnoPackage::packageWithIdentifier(std::string(kPackageIdentifier));
   // "(null)" is how the platform's formats write an object that is not there.
   return "© 2026 Tarno. Frelta package: " + package->version().value_or("(null)");
 }

@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "foundation/Platform.h"
 #include "pages/PicturePreview.h"
 #include "pages/freltaprefsRootListController.h"
 #include "settings/RefreshNotification.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 
@@ -20,7 +21,7 @@ void storePicture(const UIImage& picture) {
     files.writeAtomically(kBackgroundImagePath, *png);
     keepPreview(*png, picture);
   }
-  writeSetting("backgroundImage", std::string(kBackgroundImagePath));
+  writeSetting(keys::kBackgroundImage, std::string(kBackgroundImagePath));
 }
 
 /// What is done with every pick, whether the cell that asked for it is still there or not.
@@ -103,7 +104,7 @@ void FreltaImageCell::setCurrentImage(std::shared_ptr<const UIImage> image) {
 
 void FreltaImageCell::loadImageFromDict() {
   const Dictionary settings = settingsOnDisk();
-  const PropertyListValue* path = valueForKey(settings, "backgroundImage");
+  const PropertyListValue* path = valueForKey(settings, keys::kBackgroundImage);
   if (!path || !path->string()) return;
   if (auto preview = previewOfPictureAtPath(*path->string())) setCurrentImage(std::move(preview));
 }

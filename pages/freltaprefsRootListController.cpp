@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "device/SettingsKeys.h"
 #include "pages/RootPageFilter.h"
 #include "selector/FreltaThemeSelectorViewController.h"
 #include "settings/FreltaPreferencesManager.h"
@@ -61,8 +62,8 @@ void freltaprefsRootListController::setPreferenceValue(std::optional<PropertyLis
   if (const std::string* name = specifier->stringForKey("PostNotification")) {
     postNotification(*name);
   }
-  if (key == "Enabled" || key == "enabled" || key == "BackgroundMode" ||
-      key == "SwitchPresetsWithDarkMode") {
+  if (key == keys::kEnabled || key == "enabled" || key == keys::kBackgroundMode ||
+      key == keys::kSwitchPresetsWithDarkMode) {
     reloadSpecifiers();
   }
   postRefreshNotification();

@@ -3,6 +3,8 @@
 #include <exception>
 #include <utility>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
@@ -13,7 +15,6 @@
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsKeys.h"
 #include "uikit/UIPasteboard.h"
 
 namespace frelta {
@@ -155,7 +156,7 @@ std::unique_ptr<UITableViewCell> FreltaPresets::cellForRowAtIndexPath(UITableVie
   const std::string& preset = pathAt(path);
   cell->textLabel()->setText(presetNameAtPath(preset));
   const PropertyListValue* chosen =
-      FreltaPreferencesManager::getPrefForKey(selectionKey().value_or("CurrentPreset"));
+      FreltaPreferencesManager::getPrefForKey(selectionKey().value_or(keys::kCurrentPreset));
   const bool isChosen = chosen && chosen->string() && *chosen->string() == preset;
   cell->setAccessoryType(isChosen ? UITableViewCellAccessoryType::Checkmark
                                   : UITableViewCellAccessoryType::None);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/SettingsKeys.h"
 #include "presets/FreltaPresets.h"
 
 namespace frelta {
@@ -7,7 +8,7 @@ namespace frelta {
 /// Chooses the preset for dark appearance.
 class FreltaPresetsDarkMode : public FreltaPresets {
  public:
-  std::optional<std::string_view> selectionKey() const override { return "FreltaPresetsDarkMode"; }
+  std::optional<std::string_view> selectionKey() const override { return keys::kPresetForDarkMode; }
 };
 
 }  // namespace frelta

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/SettingsKeys.h"
 #include "presets/FreltaPresets.h"
 
 namespace frelta {
@@ -7,7 +8,9 @@ namespace frelta {
 /// Chooses the preset for light appearance.
 class FreltaPresetsLightMode : public FreltaPresets {
  public:
-  std::optional<std::string_view> selectionKey() const override { return "FreltaPresetsLightMode"; }
+  std::optional<std::string_view> selectionKey() const override {
+    return keys::kPresetForLightMode;
+  }
 };
 
 }  // namespace frelta

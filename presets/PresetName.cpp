@@ -1,8 +1,8 @@
 #include "presets/PresetName.h"
 
+#include "device/Paths.h"
 #include "foundation/StringPaths.h"
 #include "foundation/UTF8.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 

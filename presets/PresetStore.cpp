@@ -2,21 +2,21 @@
 
 #include <utility>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 
 namespace {
 
-constexpr std::string_view kCurrentPreset = "CurrentPreset";
 /// The choice for light and dark appearance belongs to no preset.
-constexpr std::string_view kAppearanceKeys[] = {"FreltaPresetsDarkMode", "FreltaPresetsLightMode",
-                                                "SwitchPresetsWithDarkMode"};
+constexpr std::string_view kAppearanceKeys[] = {keys::kPresetForDarkMode, keys::kPresetForLightMode,
+                                                keys::kSwitchPresetsWithDarkMode};
 
 FileManager& files() {
   return *Platform::current().fileManager;
@@ -28,7 +28,7 @@ void remove(Dictionary& dictionary, std::string_view key) {
 
 /// The preset in force, nothing when there is none that can be read.
 std::optional<Dictionary> presetUnder(const Dictionary& settings) {
-  const PropertyListValue* path = valueForKey(settings, kCurrentPreset);
+  const PropertyListValue* path = valueForKey(settings, keys::kCurrentPreset);
   return path && path->string() ? dictionaryWithContentsOfFile(*path->string()) : std::nullopt;
 }
 
@@ -59,7 +59,7 @@ bool savePreset(std::string_view path) {
   // The settings are laid over the preset: keys that they have already stay.
   if (auto under = presetUnder(preset)) preset.merge(*under);
   // No preset names another one, nor does one whose own could not be read.
-  remove(preset, kCurrentPreset);
+  remove(preset, keys::kCurrentPreset);
   for (const std::string_view key : kAppearanceKeys) remove(preset, key);
   const auto bytes = Platform::current().propertyLists->dataWithPropertyList(std::move(preset));
   if (!bytes) return false;
@@ -71,7 +71,7 @@ bool savePreset(std::string_view path) {
 void applyPreset(std::string_view path) {
   if (!presetExistsAtPath(path)) return;
   Dictionary before = settingsOnDisk();
-  Dictionary settings{{std::string(kCurrentPreset), path}};
+  Dictionary settings{{std::string(keys::kCurrentPreset), path}};
   for (const std::string_view key : kAppearanceKeys) {
     if (auto kept = before.extract(std::string(key))) settings.insert(std::move(kept));
   }

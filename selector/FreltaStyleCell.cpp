@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "device/StyleKinds.h"
 #include "foundation/Platform.h"
 #include "selector/FreltaStyleSubCell.h"
 #include "selector/FreltaThemeSelectorViewController.h"
@@ -30,14 +31,7 @@ std::optional<std::string> titleOf(const Group& group) {
 
 std::string subtitleOf(const Group& group) {
   const auto* style = styleOf(group);
-  switch (style ? style->styleMode() : FreltaStyleModeImages) {
-    case FreltaStyleModeHTML:
-      return "HTML Theme";
-    case FreltaStyleModeWidget:
-      return "Widget";
-    default:
-      return "Images Theme";
-  }
+  return std::string(styleKind(style ? style->styleMode() : FreltaStyleModeImages).subtitle);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "device/StyleKinds.h"
 #include "foundation/Platform.h"
 #include "selector/FreltaStyleCell.h"
 #include "selector/FreltaStyleSubCell.h"
@@ -17,17 +18,6 @@ constexpr double kNotPinned = -1.0;
 const std::string kReuseIdentifier = "FreltaStyleCell";
 
 using Selector = FreltaThemeSelectorViewController;
-
-std::string titleOfKind(std::int32_t kind) {
-  switch (kind) {
-    case FreltaStyleModeHTML:
-      return "HTML Themes";
-    case FreltaStyleModeWidget:
-      return "Widgets";
-    default:
-      return "Image Themes";
-  }
-}
 
 }  // namespace
 
@@ -54,7 +44,7 @@ std::shared_ptr<FreltaStyleLibrary> FreltaThemeSelectorViewController::strongRef
 void FreltaThemeSelectorViewController::viewDidLoad() {
   UIViewController::viewDidLoad();
   currentScrollPos_ = kNotPinned;
-  setTitle(titleOfKind(isExtras()));
+  setTitle(std::string(styleKind(isExtras()).title));
 
   auto table = std::make_unique<UITableView>(view().bounds(), UITableViewStyle::Plain);
   table->setDelegate(this);

@@ -4,7 +4,7 @@
 
 #include "selector/GroundColors.h"
 #include "selector/PillColors.h"
-#include "styles/FreltaStyleKinds.h"
+#include "styles/FreltaEnabledState.h"
 
 namespace frelta {
 

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 
@@ -65,10 +66,10 @@ int FreltaPreferencesManager::kCurrentVersion() {
 bool FreltaPreferencesManager::updateForDarkMode() {
   const SystemInformation& system = *Platform::current().system;
   if (system.systemVersion() < SystemVersion{13, 0, 0}) return false;
-  const auto* switches = getPrefForKey("SwitchPresetsWithDarkMode");
+  const auto* switches = getPrefForKey(keys::kSwitchPresetsWithDarkMode);
   if (!switches || !switches->boolValue()) return false;
-  const auto darkPreset = stringOf(getPrefForKey("FreltaPresetsDarkMode"));
-  const auto lightPreset = stringOf(getPrefForKey("FreltaPresetsLightMode"));
+  const auto darkPreset = stringOf(getPrefForKey(keys::kPresetForDarkMode));
+  const auto lightPreset = stringOf(getPrefForKey(keys::kPresetForLightMode));
 
   const auto windows = system.windows();
   const auto keyWindow = std::ranges::find_if(windows, &SystemInformation::Window::isKeyWindow);
@@ -103,7 +104,7 @@ void FreltaPreferencesManager::loadIfNeeded() {
     return;
   }
   setCachedPrefs(dictionaryAtPath(kSettingsPath));
-  const auto* preset = cachedPrefs_ ? valueForKey(*cachedPrefs_, "CurrentPreset") : nullptr;
+  const auto* preset = cachedPrefs_ ? valueForKey(*cachedPrefs_, keys::kCurrentPreset) : nullptr;
   if (!preset) return;
   // A preset that is not named by a string is in force nowhere: it equals no path and has no file.
   currentPresetPath_ = stringOf(preset);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "device/Notifications.h"
 #include "foundation/Platform.h"
 #include "settings/FreltaPreferencesManager.h"
 

@@ -4,8 +4,6 @@
 
 namespace frelta {
 
-inline constexpr std::string_view kRefreshNotification = "com.tarno.frelta.refresh";
-
 /// Tells every listening process that the settings changed. Returns at once; whether anyone heard
 /// it is not told.
 void postRefreshNotification();

@@ -4,10 +4,10 @@
 #include <string>
 #include <utility>
 
+#include "device/Paths.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 

@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "styles/FreltaEnabledState.h"
 #include "styles/FreltaStyleItem.h"
-#include "styles/FreltaStyleKinds.h"
 
 namespace frelta {
 

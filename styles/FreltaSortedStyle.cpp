@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 
+#include "device/Paths.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "foundation/StringPaths.h"
@@ -11,9 +12,6 @@
 namespace frelta {
 
 namespace {
-
-constexpr const char* kPlaceholder =
-    "/Library/PreferenceBundles/freltaprefs.bundle/placeholder.png";
 
 /// "Icon@2.png": other than in the platform's own names there is no x.
 std::string logoNameForScreen() {
@@ -28,15 +26,15 @@ std::string logoPath(const std::string& folder) {
     std::string path = stringByAppendingPathComponent(folder, name);
     if (Platform::current().fileManager->fileExistsAtPath(path)) return path;
   }
-  return kPlaceholder;
+  return std::string(kPlaceholderPath);
 }
 
 }  // namespace
 
 std::shared_ptr<const UIImage> FreltaSortedStyle::styleLogo() const {
   freltaLog("self.fullPath: " + fullPath_.value_or("(null)"));
-  const auto image =
-      UIImage::imageWithContentsOfFile(fullPath_ ? logoPath(*fullPath_) : kPlaceholder);
+  const auto image = UIImage::imageWithContentsOfFile(fullPath_ ? logoPath(*fullPath_)
+                                                                : std::string(kPlaceholderPath));
   return image ? FreltaStyleSelector::maskImageWithPad(*image, true) : nullptr;
 }
 

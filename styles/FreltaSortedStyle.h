@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/StyleKinds.h"
 #include "styles/FreltaSortedItem.h"
 
 namespace frelta {

@@ -5,13 +5,15 @@
 #include <stdexcept>
 #include <utility>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
+#include "device/StyleKinds.h"
 #include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "foundation/PropertyListFiles.h"
 #include "settings/RefreshNotification.h"
 #include "settings/Respring.h"
 #include "settings/SettingsFile.h"
-#include "settings/SettingsKeys.h"
 #include "styles/StyleScan.h"
 
 namespace frelta {
@@ -54,7 +56,7 @@ void FreltaStyleLibrary::updatePreferencesFileWithPath(
     std::optional<Dictionary> settings = preferencesDictionary();
     if (!settings) return;
     if (!path) throw std::invalid_argument("there is no path to store");
-    settings->insert_or_assign(std::string(enabledPathKey(isExtras_)), *path);
+    settings->insert_or_assign(std::string(styleKind(isExtras_).enabledPathKey), *path);
     writeSettings(*settings);
   } catch (const std::exception& exception) {
     freltaLog(std::string("Exception: ") + exception.what());
@@ -67,7 +69,7 @@ bool FreltaStyleLibrary::isPathEnabled(std::string_view path) const {
 
 std::int32_t FreltaStyleLibrary::rankForItemAtPath(std::string_view path, bool& didFind) const {
   const Dictionary settings = preferencesDictionary().value_or(Dictionary());
-  const PropertyListValue* value = valueForKey(settings, "ActiveMenuItems");
+  const PropertyListValue* value = valueForKey(settings, keys::kActiveMenuItems);
   if (!value || !value->array()) return -1;
   const auto found = std::ranges::find_if(*value->array(), [&](const PropertyListValue& item) {
     return item.string() && *item.string() == path;

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "device/StyleKinds.h"
 #include "foundation/PropertyListValue.h"
 #include "styles/FreltaSortedItem.h"
 #include "styles/FreltaSortedStyle.h"

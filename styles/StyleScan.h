@@ -11,9 +11,6 @@
 
 namespace frelta {
 
-/// The settings key that holds the enabled path of the kind.
-std::string_view enabledPathKey(std::int32_t kind);
-
 /// Whether the settings, or where they say nothing the kind's default, name the path as enabled.
 bool isPathEnabled(std::string_view path, std::int32_t kind, const Dictionary& settings);
 

@@ -7,13 +7,15 @@
 #include <string>
 
 #include "app/SettingsApplication.h"
+#include "app/TourDriver.h"
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "fake/FakePasteboard.h"
 #include "fake/FakePicturePicker.h"
 #include "fake/FakePlatform.h"
 #include "foundation/PropertyListFiles.h"
 #include "painting/QtImageServices.h"
 #include "quick/QtTextMeasurer.h"
-#include "settings/SettingsKeys.h"
 #include "tests/app/OwnBundle.h"
 #include "tests/app/StillDriver.h"
 #include "uikit/UISwitch.h"

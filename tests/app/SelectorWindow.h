@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "app/BundledFiles.h"
-#include "settings/SettingsKeys.h"
+#include "device/Paths.h"
 #include "tests/app/OpenWindow.h"
 #include "tests/support/Pictures.h"
 

@@ -3,6 +3,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "fake/FakePicturePicker.h"
 #include "graphics/GraphicsServices.h"
 #include "pages/PagesRegistration.h"
@@ -12,7 +14,6 @@
 #include "presets/PresetsRegistration.h"
 #include "settings/FreltaPreferencesManager.h"
 #include "settings/RefreshNotification.h"
-#include "settings/SettingsKeys.h"
 #include "styles/CurrentSelector.h"
 #include "tests/preferences/ListPageTest.h"
 

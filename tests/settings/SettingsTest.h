@@ -8,9 +8,10 @@
 #include <string>
 #include <string_view>
 
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 #include "fake/FakePlatform.h"
 #include "settings/FreltaPreferencesManager.h"
-#include "settings/SettingsKeys.h"
 
 namespace frelta {
 

@@ -10,10 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "device/Paths.h"
 #include "fake/FakePlatform.h"
 #include "graphics/GraphicsServices.h"
 #include "painting/QtImageServices.h"
-#include "settings/SettingsKeys.h"
 #include "styles/CurrentSelector.h"
 #include "styles/FreltaStyleLibrary.h"
 #include "tests/support/Pictures.h"

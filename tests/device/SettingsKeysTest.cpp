@@ -1,4 +1,5 @@
-#include "settings/SettingsKeys.h"
+#include "device/Paths.h"
+#include "device/SettingsKeys.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
