@@ -67,6 +67,10 @@ bool writeSettings(const Dictionary& settings) {
   return replaceSettings(settings, readSettings().has_value());
 }
 
+bool replaceReadSettings(const Dictionary& settings) {
+  return replaceSettings(settings, true);
+}
+
 bool writeSettingsWithBackup(const Dictionary& settings, const std::string& backupPath) {
   return replaceSettings(settings, readSettings().has_value(), &backupPath);
 }

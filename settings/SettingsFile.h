@@ -19,8 +19,13 @@ Dictionary settingsOnDisk();
 /// property list, or the copy or the write failed; the old file is then untouched.
 bool writeSettings(const Dictionary& settings);
 
-/// The same, but before the new file takes its place, a copy of the old one replaces what has the
-/// backup's path. A copy that fails stops nothing. Settings that cannot be stored touch no file.
+/// The same for a caller that has just read the file, or found none: there is nothing to keep
+/// aside, and the file is not read again.
+bool replaceReadSettings(const Dictionary& settings);
+
+/// As writeSettings(), but before the new file takes its place, a copy of the old one replaces what
+/// has the backup's path. A copy that fails stops nothing. Settings that cannot be stored touch no
+/// file.
 bool writeSettingsWithBackup(const Dictionary& settings, const std::string& backupPath);
 
 /// Sets one key in the file and keeps every other entry that it holds now. False as

@@ -57,7 +57,7 @@ void FreltaStyleLibrary::updatePreferencesFileWithPath(
     if (!settings) return;
     if (!path) throw std::invalid_argument("there is no path to store");
     settings->insert_or_assign(std::string(styleKind(isExtras_).enabledPathKey), *path);
-    writeSettings(*settings);
+    replaceReadSettings(*settings);
   } catch (const std::exception& exception) {
     freltaLog(std::string("Exception: ") + exception.what());
   }
