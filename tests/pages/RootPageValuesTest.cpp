@@ -98,7 +98,7 @@ TEST_F(RootPageValuesTest, AWriteKeepsWhatTheFileHoldsByThen) {
   EXPECT_THAT(settingsFile(), ElementsAre(Pair("HideKeyCaps", PropertyListValue(1)),
                                           Pair("HideKeyShadows", PropertyListValue(0)),
                                           Pair("blob", PropertyListValue(Data{"x"})),
-                                          Pair("unknown", PropertyListValue(Date{12.0}))));
+                                          Pair("unknown", PropertyListValue(Date{12.5}))));
 }
 
 TEST_F(RootPageValuesTest, AWriteDropsTheManagersCacheAndPostsTheRefreshOnce) {
