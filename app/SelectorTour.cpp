@@ -1,5 +1,6 @@
 #include "app/SelectorTour.h"
 
+#include <ranges>
 #include <string>
 
 #include "device/Paths.h"
@@ -74,7 +75,8 @@ void walkThrough(Tour& tour, const StyleKind& kind) {
 }  // namespace
 
 void walkThroughSelectors(Tour& tour) {
-  for (const StyleKind& kind : styleKinds()) walkThrough(tour, kind);
+  // The page shows the first kind's row already: choosing its mode again would change nothing.
+  for (const StyleKind& kind : std::views::reverse(styleKinds())) walkThrough(tour, kind);
 }
 
 }  // namespace frelta
