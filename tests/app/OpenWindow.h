@@ -7,7 +7,6 @@
 #include <string>
 
 #include "app/SettingsApplication.h"
-#include "app/TourDriver.h"
 #include "device/Paths.h"
 #include "device/SettingsKeys.h"
 #include "fake/FakePasteboard.h"
