@@ -15,29 +15,6 @@ class OptionTexts {
 
 const QString kInstallStyle = QStringLiteral("install-style");
 
-/// Without what the window system's application object takes for itself, each with one dash or two.
-QStringList withoutQtOptions(const QStringList& arguments) {
-  static const QStringList kWithValue{
-      QStringLiteral("display"),         QStringLiteral("geometry"),
-      QStringLiteral("platform"),        QStringLiteral("platformpluginpath"),
-      QStringLiteral("platformtheme"),   QStringLiteral("plugin"),
-      QStringLiteral("qwindowgeometry"), QStringLiteral("qwindowicon"),
-      QStringLiteral("qwindowtitle"),    QStringLiteral("session")};
-  QStringList rest;
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-    const qsizetype dashes = argument->startsWith(QLatin1String("--")) ? 2
-                             : argument->startsWith(u'-')              ? 1
-                                                                       : 0;
-    const QString name = dashes > 0 ? argument->mid(dashes) : QString();
-    if (kWithValue.contains(name)) {
-      if (argument + 1 != arguments.end()) ++argument;
-    } else if (name != QLatin1String("reverse")) {
-      rest.append(*argument);
-    }
-  }
-  return rest;
-}
-
 bool parseAppearance(const QString& text, std::optional<UserInterfaceStyle>& appearance) {
   if (text == QLatin1String("light")) {
     appearance = UserInterfaceStyle::Light;
@@ -89,7 +66,7 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString& err
                                    OptionTexts::tr("Print the version and exit."));
   parser.addOptions({root, appearance, page, tour, install, replace, help, version});
 
-  if (!parser.parse(withoutQtOptions(arguments))) {
+  if (!parser.parse(arguments)) {
     error = parser.errorText();
     return std::nullopt;
   }
@@ -134,6 +111,16 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString& err
     return std::nullopt;
   }
   return options;
+}
+
+bool Options::areForTerminal(const QStringList& arguments) {
+  for (const QString& argument : arguments) {
+    if (argument == QLatin1String("-h") || argument == QLatin1String("--help") ||
+        argument == QLatin1String("-v") || argument == QLatin1String("--version") ||
+        argument.startsWith(QLatin1String("--install-style")))
+      return true;
+  }
+  return false;
 }
 
 QString Options::defaultRoot() {

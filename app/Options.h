@@ -24,10 +24,13 @@ struct Options {
   /// Whether it takes the place of a style of its name.
   bool replace = false;
 
-  /// Reads the arguments, the program's own name first; those that Qt takes are passed over. On a
-  /// mistake it returns nothing and puts a line that says what is wrong in error. "--help" and
-  /// "--version" print their text to the standard output and end the process.
+  /// Reads the arguments, the program's own name first. On a mistake it returns nothing and puts a
+  /// line that says what is wrong in error. "--help" and "--version" print their text to the
+  /// standard output and end the process.
   static std::optional<Options> parse(const QStringList& arguments, QString& error);
+
+  /// Whether the arguments ask for something that needs no display.
+  static bool areForTerminal(const QStringList& arguments);
 
   /// $XDG_DATA_HOME/frelta, by the XDG base directory rules.
   static QString defaultRoot();

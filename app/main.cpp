@@ -12,13 +12,11 @@
 #include "app/LoadedBundle.h"
 #include "app/Options.h"
 #include "app/SettingsApplication.h"
-#include "app/StartChecks.h"
 #include "app/StyleDrop.h"
 #include "app/TerminalText.h"
 #include "app/Tour.h"
 #include "app/Translations.h"
 #include "app/WindowState.h"
-#include "app/WindowSystem.h"
 #include "quick/RenderBackend.h"
 
 namespace {
@@ -44,70 +42,53 @@ class MainTexts {
   Q_DECLARE_TR_FUNCTIONS(MainTexts)
 };
 
-/// Everything that can be said before there is a window system: reads the options, or ends.
-class Start {
- public:
-  Start(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("frelta-settings"));
-    installTranslations();
-    texts_ = WindowSystemTexts::current();
-    status_ = judge();
-  }
-
-  /// The exit status when there is nothing more to do.
-  std::optional<int> status() const { return status_; }
-  const Options& options() const { return options_; }
-  const WindowSystemTexts& texts() const { return texts_; }
-
- private:
-  std::optional<int> judge() {
-    QString error;
-    const auto options = Options::parse(QCoreApplication::arguments(), error);
-    if (!options) return fail(error + QLatin1Char('\n') + MainTexts::tr("Try --help."), 2);
-    options_ = *options;
-    if (!options_.styleToInstall.isEmpty()) return runInstallCommand(options_);
-    // A tour changes settings, so it gets a root that nobody needs.
-    if (options_.root.isEmpty() && options_.tourFolder.isEmpty())
-      options_.root = Options::defaultRoot();
-    std::optional<StartFailure> failure;
-    if (!options_.root.isEmpty()) failure = checkRoot(options_.root);
-    if (!failure && !options_.page.isEmpty())
-      failure = checkPage(options_.page, LoadedBundle::defaultFolder(), options_.root);
-    return failure ? std::optional(fail(failure->text, failure->status)) : std::nullopt;
-  }
-
-  Options options_;
-  WindowSystemTexts texts_;
-  std::optional<int> status_;
-};
-
-int runInWindow(int argc, char** argv, const Start& start) {
-  forgetChildren();
-  const auto application = connectToWindowSystem(argc, argv, start.texts());
+std::optional<Options> parseOptions(QString& error) {
+  QCoreApplication::setApplicationName(QStringLiteral("frelta-settings"));
   installTranslations();
+  auto options = Options::parse(QCoreApplication::arguments(), error);
+  if (!options) error += QLatin1Char('\n') + MainTexts::tr("Try --help.");
+  return options;
+}
+
+int runOnTerminal(int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  QString error;
+  const auto options = parseOptions(error);
+  return options ? runInstallCommand(*options) : fail(error, 2);
+}
+
+int runInWindow(int argc, char** argv) {
+  forgetChildren();
+  QGuiApplication application(argc, argv);
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Frelta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.tarno.frelta"));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.tarno.frelta")));
   followReadingDirection();
+
+  QString error;
+  const auto options = parseOptions(error);
+  if (!options) return fail(error, 2);
   chooseRenderBackend();
 
-  const Options& options = start.options();
-  const bool tour = !options.tourFolder.isEmpty();
+  // A tour changes settings, so it gets a root that nobody needs.
   QTemporaryDir tourRoot;
-  const QString root = options.root.isEmpty() ? tourRoot.path() : options.root;
-  Appearance appearance(options.appearance);
+  const bool tour = !options->tourFolder.isEmpty();
+  const QString root = !options->root.isEmpty() ? options->root
+                       : tour                   ? tourRoot.path()
+                                                : Options::defaultRoot();
+  Appearance appearance(options->appearance);
   HostPlatform host(root.toStdString(), appearance);
   SettingsApplication settings(host.platform(), host.graphicsServices(), host.uiKitServices(),
                                appearance);
-  QString error;
   if (!settings.open(LoadedBundle::defaultFolder(), error)) return fail(error, 1);
-  if (!options.page.isEmpty()) settings.openPage(options.page);
+  if (!options->page.isEmpty() && !settings.openPage(options->page)) {
+    return fail(MainTexts::tr("There is no page \"%1\".").arg(options->page), 2);
+  }
   // A tour's pictures are all of one size.
   const WindowState state(WindowState::defaultFile());
   if (!tour) state.restore(*settings.window());
   settings.window()->show();
-  if (tour) return Tour(settings, options.tourFolder).run() ? 0 : 1;
+  if (tour) return Tour(settings, options->tourFolder).run() ? 0 : 1;
   const StyleDrop drop(*settings.window(), *settings.navigationController(), root.toStdString());
   const int status = QGuiApplication::exec();
   state.save(*settings.window());
@@ -117,6 +98,6 @@ int runInWindow(int argc, char** argv, const Start& start) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Start start(argc, argv);
-  return start.status() ? *start.status() : runInWindow(argc, argv, start);
+  const QStringList arguments(argv + 1, argv + argc);
+  return Options::areForTerminal(arguments) ? runOnTerminal(argc, argv) : runInWindow(argc, argv);
 }
