@@ -21,7 +21,8 @@ class StillDriver : public TourDriver {
 
   void settle() override {
     int moved = 0;
-    for (int stillPasses = 0; stillPasses < kStillPasses;) {
+    for (int stillPasses = 0, passes = 0; stillPasses < kStillPasses && passes < kMostPasses;
+         ++passes) {
       still_ = true;
       QCoreApplication::processEvents();
       // Objects that were taken down wait for an event loop to go.
@@ -43,6 +44,8 @@ class StillDriver : public TourDriver {
 
  private:
   static constexpr int kStillPasses = 3;
+  // A text of megabytes goes on filling for thousands, and is looked at meanwhile.
+  static constexpr int kMostPasses = 100;
   static constexpr int kStepMilliseconds = 50;
   // Longer than any animation that ends.
   static constexpr int kLongestMilliseconds = 1000;
