@@ -13,7 +13,7 @@ namespace {
 
 class SelectorDrop : public testing::Test {
  protected:
-  void openSelector(const StyleKind& kind) {
+  void openSelector(const SelectorKind& kind) {
     ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
     drop = std::make_unique<StyleDrop>(*window.application->window(),
                                        *window.application->navigationController(),

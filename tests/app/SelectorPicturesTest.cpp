@@ -6,7 +6,7 @@ namespace frelta {
 namespace {
 
 struct Look {
-  StyleKind kind;
+  SelectorKind kind;
   int width;
   UserInterfaceStyle style;
   int more;  // styles beside the example
@@ -60,7 +60,7 @@ std::vector<Look> looks() {
   std::vector<Look> all;
   for (const auto style : {UserInterfaceStyle::Light, UserInterfaceStyle::Dark}) {
     for (const int width : {320, 390, 1000}) {
-      for (const StyleKind& kind : {kImagesKind, kHTMLKind, kWidgetKind})
+      for (const SelectorKind& kind : {kImagesKind, kHTMLKind, kWidgetKind})
         all.push_back({kind, width, style, 0});
       all.push_back({kImagesKind, width, style, 200});
     }

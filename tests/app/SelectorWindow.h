@@ -11,7 +11,7 @@
 namespace frelta {
 
 /// A kind of style, and the way to its selector.
-struct StyleKind {
+struct SelectorKind {
   std::string name;
   /// The background mode that shows the row, and the row of the first page.
   int mode;
@@ -25,28 +25,28 @@ struct StyleKind {
   /// What tells the kind in a folder; a widget's name does.
   std::string marker;
 
-  friend void PrintTo(const StyleKind& kind, std::ostream* out) { *out << kind.name; }
+  friend void PrintTo(const SelectorKind& kind, std::ostream* out) { *out << kind.name; }
 };
 
-inline const StyleKind kImagesKind{"Images",
-                                   3,
-                                   "FreltaThemesCell",
-                                   "Image Themes",
-                                   "EnabledThemePath",
-                                   "Images Theme",
-                                   "Example Images",
-                                   "theme",
-                                   "Images"};
-inline const StyleKind kHTMLKind{"HTML",
-                                 1,
-                                 "FreltaHTMLCell",
-                                 "HTML Themes",
-                                 "EnabledHTMLThemesPath",
-                                 "HTML Theme",
-                                 "Example HTML",
-                                 "theme",
-                                 "HTML"};
-inline const StyleKind kWidgetKind{
+inline const SelectorKind kImagesKind{"Images",
+                                      3,
+                                      "FreltaThemesCell",
+                                      "Image Themes",
+                                      "EnabledThemePath",
+                                      "Images Theme",
+                                      "Example Images",
+                                      "theme",
+                                      "Images"};
+inline const SelectorKind kHTMLKind{"HTML",
+                                    1,
+                                    "FreltaHTMLCell",
+                                    "HTML Themes",
+                                    "EnabledHTMLThemesPath",
+                                    "HTML Theme",
+                                    "Example HTML",
+                                    "theme",
+                                    "HTML"};
+inline const SelectorKind kWidgetKind{
     "Widget", 4, "FreltaWidgetCell", "Widgets", "EnabledWidgetPath", "Widget", "Example Widget",
     "bundle", ""};
 
@@ -63,18 +63,18 @@ class SelectorWindow : public OpenWindow {
     ASSERT_NE(before, nullptr);
     installBundledFiles(QStringLiteral(FRELTA_BUNDLE));
   }
-  static std::string pathOf(const StyleKind& kind, const std::string& name) {
+  static std::string pathOf(const SelectorKind& kind, const std::string& name) {
     return std::string(kThemesFolder) + name + "." + kind.extension;
   }
   /// Makes a style with a plain icon of that colour.
-  void installStyle(const StyleKind& kind, const std::string& name, Pixel color) {
+  void installStyle(const SelectorKind& kind, const std::string& name, Pixel color) {
     const std::string folder = pathOf(kind, name);
     std::filesystem::create_directories(platform.hostPath(folder + "/" + kind.marker));
     platform.put(folder + "/Icon.png",
                  QtImageServices().pngRepresentation(*picture(60, 60, color)).value());
   }
   /// Opens the window and the kind's selector from the first page.
-  void openSelector(const StyleKind& kind, QSize size = {390, 844}) {
+  void openSelector(const SelectorKind& kind, QSize size = {390, 844}) {
     Dictionary stored = settings();
     stored["BackgroundMode"] = kind.mode;
     ASSERT_NO_FATAL_FAILURE(putSettings(stored));

@@ -76,10 +76,10 @@ class SelectorWindowTest : public testing::Test {
   SelectorWindow window;
 };
 
-class EachKind : public SelectorWindowTest, public testing::WithParamInterface<StyleKind> {};
+class EachKind : public SelectorWindowTest, public testing::WithParamInterface<SelectorKind> {};
 
 TEST_P(EachKind, ATapOnEachCardSwitchesItOnInTheFileAndAllOthersOff) {
-  const StyleKind& kind = GetParam();
+  const SelectorKind& kind = GetParam();
   for (const char* name : {"A", "B", "C"}) window.installStyle(kind, name, {9, 99, 199, 255});
   ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
   const std::vector<std::string> names = titles();
@@ -92,6 +92,9 @@ TEST_P(EachKind, ATapOnEachCardSwitchesItOnInTheFileAndAllOthersOff) {
     const std::string& name = names[static_cast<std::size_t>(row)];
     EXPECT_EQ(window.settings().at(kind.key), SelectorWindow::pathOf(kind, name));
     EXPECT_EQ(broadcasts(), static_cast<std::size_t>(row) + 1);
+    // The pills change their colour in a quarter of a second.
+    window.platform.mainQueue.advance(0.25);
+    window.settle();
     const QImage shown = quick().grabWindow();
     for (int other = 0; other < 3; ++other) {
       const Card now = card(other, shown);
@@ -108,7 +111,7 @@ TEST_P(EachKind, ATapOnEachCardSwitchesItOnInTheFileAndAllOthersOff) {
 }
 
 TEST_P(EachKind, ShowsItsExampleAndKeepsOtherKeys) {
-  const StyleKind& kind = GetParam();
+  const SelectorKind& kind = GetParam();
   window.installExamples();
   window.putSettings({{"SomebodyElses", Array{1, "two"}}});
   ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
@@ -129,7 +132,7 @@ TEST_P(EachKind, ShowsItsExampleAndKeepsOtherKeys) {
 }
 
 TEST_P(EachKind, AStyleSwitchedOnIsInUseOnThePageThatOpensNext) {
-  const StyleKind& kind = GetParam();
+  const SelectorKind& kind = GetParam();
   window.installStyle(kind, "A", kRed);
   ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
   click(*findView<UIButton>(*cell(0)));
