@@ -107,7 +107,7 @@ zip_source* ZipView::source(std::unique_ptr<ZipView> view) {
   auto reading = std::make_unique<Reading>();
   reading->view = std::move(view);
   zip_source_t* source = zip_source_function_create(answer, reading.get(), nullptr);
-  if (source) reading.release();
+  if (source) static_cast<void>(reading.release());
   return source;
 }
 
