@@ -1,13 +1,11 @@
 #pragma once
 
 #include <QDBusMessage>
-#include <QMap>
 #include <QObject>
-#include <QVariant>
 #include <optional>
-#include <utility>
 
 #include "foundation/SystemInformation.h"
+#include "quick/PortalSettings.h"
 
 namespace frelta {
 
@@ -40,18 +38,13 @@ class Appearance : public QObject {
   void portalSettingChanged(const QDBusMessage& signal);
 
  private:
-  /// A setting of the portal: its namespace and its key.
-  using Setting = std::pair<QString, QString>;
-
   void askPortal();
-  void ask(const Setting& setting);
-  void keep(const Setting& setting, const QVariant& value);
-  uint number(const Setting& setting) const;
+  void ask(const PortalSettings::Name& setting);
   UserInterfaceStyle desktopStyle() const;
   void update();
 
   const std::optional<UserInterfaceStyle> fixed_;
-  QMap<Setting, QVariant> portal_;  // what it has told so far
+  PortalSettings portal_;
   UserInterfaceStyle style_ = UserInterfaceStyle::Light;
   bool highContrast_ = false;
   bool reducedMotion_ = false;

@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QSignalSpy>
 #include <QTest>
 
 #include "tests/quick/FakePortal.h"
+#include "tests/support/PeakMemory.h"
 #include "tests/support/PrivateBus.h"
 
 namespace frelta {
@@ -159,6 +162,27 @@ TEST_F(AppearanceTest, ContrastAndMotionAreFollowedWhileRunning) {
 
   EXPECT_TRUE(changed);
   EXPECT_EQ(changes.count(), 2);
+}
+
+// Who poses as the portal may tell of whatever it likes, as often as it likes.
+TEST_F(AppearanceTest, KeepsNothingOfSettingsThatAreNotUsed) {
+  Appearance appearance(UserInterfaceStyle::Light);
+  const PeakMemory memory;
+
+  for (int i = 0; i < 600; ++i) {
+    QDBusMessage signal = QDBusMessage::createSignal(
+        QStringLiteral("/org/freedesktop/portal/desktop"),
+        QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+    const QString megabyte(1 << 19, QChar(u'a' + i % 26));
+    signal << (i % 2 ? space : space + QString::number(i))
+           << (i % 3 ? QStringLiteral("contrast") + QString::number(i) : megabyte)
+           << QVariant::fromValue(QDBusVariant(megabyte));
+    QMetaObject::invokeMethod(&appearance, "portalSettingChanged", Qt::DirectConnection,
+                              Q_ARG(QDBusMessage, signal));
+  }
+
+  EXPECT_LT(memory.growth(), 32U << 20);
+  EXPECT_FALSE(appearance.highContrast());
 }
 
 }  // namespace
