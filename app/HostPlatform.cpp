@@ -24,6 +24,7 @@ Platform HostPlatform::platform() {
   platform.mainQueue = &mainQueue_;
   platform.random = &random_;
   platform.system = &system_;
+  platform.workQueue = &workQueue_;
   return platform;
 }
 

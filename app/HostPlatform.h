@@ -19,6 +19,7 @@
 #include "quick/QtPicturePicker.h"
 #include "quick/QtSystemInformation.h"
 #include "quick/QtTextMeasurer.h"
+#include "quick/QtWorkQueue.h"
 #include "uikit/UIKitServices.h"
 
 namespace frelta {
@@ -49,6 +50,7 @@ class HostPlatform {
   QtAddressOpener addresses_;
   QtPasteboard pasteboard_;
   QtPicturePicker pictures_;
+  QtWorkQueue workQueue_;  // its work uses the others
 };
 
 }  // namespace frelta

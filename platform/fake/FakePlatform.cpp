@@ -57,4 +57,10 @@ std::string FakePlatform::get(std::string_view devicePath) const {
   return std::string(std::istreambuf_iterator<char>(file), {});
 }
 
+void FakePlatform::useWorkQueue() {
+  Platform with = Platform::current();
+  with.workQueue = &workQueue;
+  Platform::install(with);
+}
+
 }  // namespace frelta

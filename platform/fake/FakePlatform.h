@@ -26,6 +26,8 @@ class FakePlatform {
   void put(std::string_view devicePath, std::string_view bytes);
   /// The file's bytes, behind the file manager's back; empty when there is none.
   std::string get(std::string_view devicePath) const;
+  /// Has long work wait in the work queue from now on; until then it is done at once.
+  void useWorkQueue();
 
  private:
   std::filesystem::path root_;
@@ -41,6 +43,7 @@ class FakePlatform {
   FakeMainQueue mainQueue;
   FakeRandomSource random;
   FakeSystemInformation system;
+  FakeWorkQueue workQueue;
 };
 
 }  // namespace frelta

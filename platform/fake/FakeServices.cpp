@@ -73,4 +73,27 @@ std::uint32_t FakeRandomSource::random32() {
   return number;
 }
 
+void FakeWorkQueue::async(std::weak_ptr<const void> wanted, Work work, Work done) {
+  jobs_.push_back({std::move(wanted), std::move(work), std::move(done)});
+}
+
+bool FakeWorkQueue::runNext() {
+  std::erase_if(jobs_, [](const Job& job) { return job.wanted.expired(); });
+  if (jobs_.empty()) return false;
+  const Job job = std::move(jobs_.front());
+  jobs_.pop_front();
+  try {
+    job.work();
+  } catch (const std::exception& exception) {
+    exceptions.emplace_back(exception.what());
+  }
+  if (!job.wanted.expired()) job.done();
+  return true;
+}
+
+std::size_t FakeWorkQueue::waiting() const {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(jobs_, [](const Job& job) { return !job.wanted.expired(); }));
+}
+
 }  // namespace frelta

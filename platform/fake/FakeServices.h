@@ -82,6 +82,27 @@ class FakeRandomSource : public RandomSource {
   std::size_t drawn = 0;
 };
 
+/// Keeps what is to be done beside the main thread until a test has it done.
+class FakeWorkQueue : public WorkQueue {
+ public:
+  void async(std::weak_ptr<const void> wanted, Work work, Work done) override;
+
+  /// Does the first work that is still wanted, and tells of it; false when none is.
+  bool runNext();
+  /// How many wait and are still wanted.
+  std::size_t waiting() const;
+  /// The line logged for each exception that left a work.
+  std::vector<std::string> exceptions;
+
+ private:
+  struct Job {
+    std::weak_ptr<const void> wanted;
+    Work work;
+    Work done;
+  };
+  std::deque<Job> jobs_;
+};
+
 class FakeSystemInformation : public SystemInformation {
  public:
   SystemVersion systemVersion() const override { return version; }

@@ -9,6 +9,7 @@
 #include "foundation/PropertyListSerialization.h"
 #include "foundation/RandomSource.h"
 #include "foundation/SystemInformation.h"
+#include "foundation/WorkQueue.h"
 
 namespace frelta {
 
@@ -24,6 +25,8 @@ struct Platform {
   MainQueue* mainQueue = nullptr;
   RandomSource* random = nullptr;
   SystemInformation* system = nullptr;
+  /// Null where everything is done on the main thread.
+  WorkQueue* workQueue = nullptr;
 
   /// The installed services. Installing is a must before the first call.
   static const Platform& current();

@@ -9,17 +9,15 @@
 #include <utility>
 
 #include "foundation/Log.h"
+#include "foundation/MakeBeside.h"
 #include "quick/EventGuard.h"
 #include "quick/PictureReading.h"
 
 namespace frelta {
 
-QtPicturePicker::QtPicturePicker() {
-  reader_.setMaxThreadCount(1);
-}
+QtPicturePicker::QtPicturePicker() = default;
 
 QtPicturePicker::~QtPicturePicker() {
-  reader_.waitForDone();
   delete dialog_;
 }
 
@@ -52,18 +50,19 @@ void QtPicturePicker::closeLater() {
 void QtPicturePicker::pickPicture(Handlers handlers) {
   cancel();
   handlers_ = std::move(handlers);
-  const int question = question_;
+  const auto question = std::make_shared<const bool>();
+  question_ = question;
   // The caller is not through yet.
   QMetaObject::invokeMethod(
       this,
-      [this, question] {
-        if (question == question_) open();
+      [this, asked = std::weak_ptr(question)] {
+        if (!asked.expired()) open();
       },
       Qt::QueuedConnection);
 }
 
 void QtPicturePicker::cancel() {
-  ++question_;
+  question_.reset();
   handlers_ = {};
   delete std::exchange(dialog_, nullptr);
 }
@@ -73,15 +72,9 @@ void QtPicturePicker::accepted() {
   const QString path = dialog_->property("selectedFile").toUrl().toLocalFile();
   closeLater();
   guardEvent(handlers_.didChoose);
-  reader_.start([this, path, question = question_] {
-    Result result = readPicture(path);
-    QMetaObject::invokeMethod(
-        this,
-        [this, question, result = std::move(result)] {
-          if (question == question_) finish(result);
-        },
-        Qt::QueuedConnection);
-  });
+  makeBeside<Result>(
+      &reader_, question_, [path] { return readPicture(path); },
+      [this](const Result& result) { finish(result); });
 }
 
 void QtPicturePicker::rejected() {

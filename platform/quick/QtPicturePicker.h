@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QObject>
-#include <QThreadPool>
 #include <memory>
 
+#include "quick/QtWorkQueue.h"
 #include "uikit/PicturePickerService.h"
 
 class QQmlEngine;
@@ -40,8 +40,9 @@ class QtPicturePicker : public QObject, public PicturePickerService {
   /// Lives no longer than the question: it may be a part of the window that asks.
   QObject* dialog_ = nullptr;
   Handlers handlers_;
-  int question_ = 0;  // tells the answers to questions taken back
-  QThreadPool reader_;
+  /// Gone when the question is taken back: then nobody wants its answer.
+  std::shared_ptr<const void> question_;
+  QtWorkQueue reader_;
 };
 
 }  // namespace frelta
