@@ -45,7 +45,9 @@ GeneratedZip& GeneratedZip::add(std::string_view name, std::string_view bytes,
   const std::string packed = claims.method == kDeflated ? deflated(bytes) : std::string(bytes);
   const uLong crc =
       ::crc32(0, reinterpret_cast<const Bytef*>(bytes.data()), static_cast<uInt>(bytes.size()));
-  last_ = {{}, claims.size.value_or(bytes.size()), claims.mode, files_.size()};
+  last_ = {{},           claims.size.value_or(bytes.size()),
+           claims.mode,  files_.size(),
+           claims.extra, claims.comment};
   append(last_.fields, 45, 2);
   append(last_.fields, claims.flags, 2);
   append(last_.fields, claims.method, 2);
@@ -75,16 +77,18 @@ GeneratedZip& GeneratedZip::addLastAgain(std::string_view name) {
 }
 
 void GeneratedZip::addToDirectory(std::string_view name, const Entry& entry) {
-  const std::string extra = entry.size < kInZip64 ? std::string() : zip64Size(entry.size);
+  const std::string extra =
+      (entry.size < kInZip64 ? std::string() : zip64Size(entry.size)) + entry.extra;
   append(directory_, 0x02014b50, 4);
   append(directory_, (3 << 8) | 45, 2);  // made on Unix
   directory_ += entry.fields;
   append(directory_, name.size(), 2);
   append(directory_, extra.size(), 2);
-  append(directory_, 0, 2 + 2 + 2);
+  append(directory_, entry.comment.size(), 2);
+  append(directory_, 0, 2 + 2);
   append(directory_, std::uint64_t{entry.mode} << 16, 4);
   append(directory_, entry.offset, 4);
-  directory_.append(name).append(extra);
+  directory_.append(name).append(extra).append(entry.comment);
   ++count_;
 }
 
@@ -103,7 +107,7 @@ std::string GeneratedZip::bytes(const EndClaims& claims) const {
     append(bytes, (3 << 8) | 45, 2);
     append(bytes, 45, 2);
     append(bytes, claims.disk, 4);
-    append(bytes, 0, 4);
+    append(bytes, claims.firstDisk, 4);
     append(bytes, here, 8);
     append(bytes, entries, 8);
     append(bytes, listBytes, 8);
@@ -115,11 +119,11 @@ std::string GeneratedZip::bytes(const EndClaims& claims) const {
   }
   append(bytes, 0x06054b50, 4);
   append(bytes, large ? 0 : claims.disk, 2);
-  append(bytes, 0, 2);
+  append(bytes, large ? 0 : claims.firstDisk, 2);
   append(bytes, large ? claims.plainEntries.value_or(kMany) : here, 2);
   append(bytes, large ? claims.plainEntries.value_or(kMany) : entries, 2);
-  append(bytes, large ? kInZip64 : listBytes, 4);
-  append(bytes, large ? kInZip64 : listOffset, 4);
+  append(bytes, large ? claims.plainListBytes.value_or(kInZip64) : listBytes, 4);
+  append(bytes, large ? claims.plainListOffset.value_or(kInZip64) : listOffset, 4);
   append(bytes, claims.comment.size(), 2);
   return bytes + claims.comment;
 }

@@ -16,12 +16,16 @@ class GeneratedZip {
     std::uint16_t method = 0;
     std::uint16_t flags = 0;
     std::optional<std::uint64_t> size;
+    // What the list has of it besides.
+    std::string extra = {};
+    std::string comment = {};
   };
 
   /// What the end says of the list of entries where that is not what it is.
   struct EndClaims {
     std::string comment = {};
-    std::uint16_t disk = 0;
+    std::uint32_t disk = 0;
+    std::uint32_t firstDisk = 0;
     std::optional<std::uint64_t> entriesHere = {};
     std::optional<std::uint64_t> entries = {};
     std::optional<std::uint64_t> listBytes = {};
@@ -31,6 +35,8 @@ class GeneratedZip {
     bool large = false;
     /// What the plain record says beside a large one.
     std::optional<std::uint64_t> plainEntries = {};
+    std::optional<std::uint64_t> plainListBytes = {};
+    std::optional<std::uint64_t> plainListOffset = {};
   };
 
   static constexpr std::uint16_t kStored = 0;
@@ -54,6 +60,8 @@ class GeneratedZip {
     std::uint64_t size = 0;
     std::uint32_t mode = 0;
     std::uint64_t offset = 0;
+    std::string extra = {};
+    std::string comment = {};
   };
 
   void addToDirectory(std::string_view name, const Entry& entry);

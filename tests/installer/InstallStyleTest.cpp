@@ -1,8 +1,10 @@
 #include <sys/resource.h>
 
 #include <csignal>
+#include <cstring>
 
 #include "tests/installer/InstallerTest.h"
+#include "tests/support/ForkedChild.h"
 
 namespace frelta {
 namespace {
@@ -116,6 +118,36 @@ TEST_F(InstallStyle, TellsNoProgressOfAStyleWithoutBytes) {
   EXPECT_THAT(told, testing::ElementsAre(0, 0));
 }
 
+TEST_F(InstallStyle, TellsProgressOfASingleByte) {
+  write(sources() / "Sea.theme/Images/Key.png", "k");
+  std::vector<double> told;
+  installation.progress = [&](double part) {
+    told.push_back(part);
+    return true;
+  };
+
+  installedName(sources() / "Sea.theme");
+
+  EXPECT_THAT(told, testing::ElementsAre(0, 1, 1));
+}
+
+TEST_F(InstallStyle, MakesAStyleThatAllMayReadAndItsOwnerWrites) {
+  const std::string source = folder("Sea.theme");
+  std::filesystem::permissions(source, std::filesystem::perms(0700));
+  std::filesystem::permissions(source + "/Images/Key.png", std::filesystem::perms(0600));
+  const mode_t before = ::umask(0);
+
+  installedName(source);
+  ::umask(before);
+
+  const auto permissions = [&](const char* path) {
+    return std::filesystem::status(themes() / path).permissions();
+  };
+  EXPECT_EQ(permissions("Sea.theme"), std::filesystem::perms(0755));
+  EXPECT_EQ(permissions("Sea.theme/Images"), std::filesystem::perms(0755));
+  EXPECT_EQ(permissions("Sea.theme/Images/Key.png"), std::filesystem::perms(0644));
+}
+
 TEST_F(InstallStyle, TakesTheOneStyleInAFolder) {
   folder("unpacked/Sea.theme");
 
@@ -176,9 +208,13 @@ TEST_F(InstallStyle, HoldsFoldersToTheLimits) {
 TEST_F(InstallStyle, KeepsTheStyleThatHasTheName) {
   write(themes() / "Sea.theme/HTML/index.html", "old");
 
+  int told = 0;
+  installation.progress = [&](double) { return ++told > 0; };
+
   const StyleRefusal refused = refusal(folder("Sea.theme"));
 
   EXPECT_THAT(refused, refusedFor(Reason::AlreadyInstalled, "Sea.theme"));
+  EXPECT_EQ(told, 0);
 }
 
 TEST_F(InstallStyle, KeepsAStyleThatTakesTheNameMeanwhile) {
@@ -225,6 +261,65 @@ TEST_F(InstallStyle, CanBeCancelledAnywhere) {
   }
 
   EXPECT_EQ(all, 13);
+}
+
+TEST_F(InstallStyle, StopsInTheMiddleOfALargeFileOnceItIsCancelled) {
+  const std::string noise(300'000, 'n');
+  write(sources() / "Sea.theme/Images/large", noise);
+  const std::string zip = put("Sky.theme.zip", GeneratedZip().add("Images/large", noise));
+  for (const std::string& source : {std::string(sources() / "Sea.theme"), zip}) {
+    int told = 0;
+    installation.progress = [&](double) { return ++told < 3; };
+
+    EXPECT_THAT(refusal(source), refusedFor(Reason::Cancelled));
+    EXPECT_EQ(told, 3);
+  }
+}
+
+TEST_F(InstallStyle, TakesAZipAsLargeAsAStyleMayBe) {
+  const std::string zip = put("Sea.theme.zip", GeneratedZip().add("Images/Key.png", "key"));
+  const auto size = std::filesystem::file_size(zip);
+
+  installation.limits.bytes = size - 1;
+  EXPECT_THAT(refusal(zip), refusedFor(Reason::TooLarge));
+  installation.limits.bytes = size;
+  EXPECT_EQ(installedName(zip), "Sea.theme");
+}
+
+TEST_F(InstallStyle, SaysWhyItCannotWrite) {
+  installation.source = folder("Sea.theme");
+  installation.root = root();
+  const auto before = everything();
+  const auto isSaidOf = [&](long call, int error) {
+    return exitStatusOfChild([&] {
+             failSystemCall(call, error);
+             const auto result = installStyle(installation);
+             const auto* refused = std::get_if<StyleRefusal>(&result);
+             return refused && refused->reason == Reason::CannotWrite &&
+                            refused->detail == std::strerror(error)
+                        ? 0
+                        : 1;
+           }) == 0;
+  };
+
+  EXPECT_TRUE(isSaidOf(SYS_mkdirat, EACCES));
+  EXPECT_TRUE(isSaidOf(SYS_write, ENOSPC));
+  EXPECT_TRUE(isSaidOf(SYS_syncfs, EIO));
+  EXPECT_TRUE(isSaidOf(SYS_renameat2, EROFS));
+  EXPECT_EQ(everything(), before);
+}
+
+TEST_F(InstallStyle, BringsItsNameToTheDiskOnceItHasIt) {
+  installation.source = folder("Sea.theme");
+  installation.root = root();
+
+  const int status = exitStatusOfChild([&] {
+    dieAtSystemCall(SYS_fsync);
+    return statusOfInstalling();
+  });
+
+  EXPECT_EQ(status, -1);
+  EXPECT_EQ(read(themes() / "Sea.theme/Images/Key.png"), "key");
 }
 
 TEST_F(InstallStyle, TellsProgressFromNothingToAll) {

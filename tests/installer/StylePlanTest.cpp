@@ -96,6 +96,19 @@ TEST(StylePlan, TakesAsManyEntriesAsMayBe) {
 
   EXPECT_EQ(plan(source, {.entries = 5}).files.size(), 3U);
   EXPECT_THAT(refusal(source, {.entries = 2}), refusedFor(Reason::TooManyEntries));
+  EXPECT_EQ(plan({"a", {"Images/", "Images/1"}}, {.entries = 2}).files.size(), 1U);
+}
+
+TEST(StylePlan, CountsWhatItPassesOverAsEntriesToo) {
+  const ToldEntries source("a", {"Images/1", ".DS_Store", "__MACOSX/1", "__MACOSX/2"});
+
+  EXPECT_EQ(plan(source, {.entries = 4}).files.size(), 1U);
+  EXPECT_THAT(refusal(source, {.entries = 3}), refusedFor(Reason::TooManyEntries));
+}
+
+TEST(StylePlan, RefusesPathsWithNothingBetweenOrBehindTheirSlashes) {
+  for (const char* path : {"", "/", "Images//", "Images//1", "/Images/1"})
+    EXPECT_THAT(refusal({"a", {"Images/2", path}}), refusedFor(Reason::LeavesFolder, path));
 }
 
 TEST(StylePlan, CountsTheFoldersThatPathsNeedAsEntries) {

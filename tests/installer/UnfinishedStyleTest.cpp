@@ -131,6 +131,7 @@ TEST_F(UnfinishedStyle, IsToldFromWhatSomebodyElseGaveSuchAName) {
   const auto link = library() / ".installing-style-link";
   const auto file = library() / ".installing-style-file";
   write(presets / "Work.plist", "mine");
+  write(presets / ".style/a", "mine too");
   write(open / ".style/a", "theirs");
   std::filesystem::permissions(open, std::filesystem::perms(0777));
   write(library() / "elsewhere/.style/a", "mine");
@@ -141,6 +142,7 @@ TEST_F(UnfinishedStyle, IsToldFromWhatSomebodyElseGaveSuchAName) {
 
   EXPECT_THAT(unfinished(), testing::UnorderedElementsAre(presets, open, link, file));
   EXPECT_EQ(read(presets / "Work.plist"), "mine");
+  EXPECT_EQ(read(presets / ".style/a"), "mine too");
   EXPECT_EQ(read(open / ".style/a"), "theirs");
   EXPECT_EQ(read(library() / "elsewhere/.style/a"), "mine");
 }

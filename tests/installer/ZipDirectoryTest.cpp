@@ -64,12 +64,32 @@ TEST_F(ZipDirectoryTest, OfAnArchiveWithACommentIsFound) {
 }
 
 TEST_F(ZipDirectoryTest, ThatIsToldOfAsInLargeArchivesIsFound) {
-  write(sources() / "a.zip", style().bytes({.large = true}));
+  write(sources() / "a.zip", style().bytes({.comment = std::string(0xffff, 'c'), .large = true}));
   write(sources() / "b.zip",
         GeneratedZip().add("B.theme/Images/a", "x").bytes({.large = true, .plainEntries = 1}));
 
   EXPECT_EQ(installedName(sources() / "a.zip"), "A.theme");
   EXPECT_EQ(installedName(sources() / "b.zip"), "B.theme");
+}
+
+TEST_F(ZipDirectoryTest, OfEntriesWithLongNamesFieldsAndCommentsIsFound) {
+  // A field that no reader knows: its number, its length, its bytes.
+  const std::string field = std::string("BB\x28\x01", 4) + std::string(0x128, 'f');
+  const std::string name = "A.theme/Images/" + std::string(250, 'n');
+  const GeneratedZip zip =
+      GeneratedZip()
+          .add(name, "key", {.size = {}, .extra = field})
+          .add("A.theme/b", "x", {.size = {}, .comment = std::string(300, 'c')})
+          .add("A.theme/c", "y", {.size = {}, .extra = field, .comment = "c"});
+
+  const Found found = find(zip.bytes());
+
+  EXPECT_EQ(std::get<ZipDirectory>(found).entries, 3U);
+  EXPECT_EQ(installedName(sources() / "a.zip"), "A.theme");
+}
+
+TEST_F(ZipDirectoryTest, OfAnEntryWithoutANameIsFound) {
+  EXPECT_EQ(refused(GeneratedZip().add("", "x").bytes()), std::nullopt);
 }
 
 TEST_F(ZipDirectoryTest, BehindAnotherZipInTheStyleIsTheArchivesOwn) {
@@ -109,6 +129,12 @@ TEST_F(ZipDirectoryTest, OfAsManyEntriesAsMayBeIsTaken) {
 
   EXPECT_EQ(refused(style(3).bytes()), std::nullopt);
   EXPECT_EQ(refused(style(4).bytes()), Reason::TooManyEntries);
+  EXPECT_EQ(refused(style(4).bytes({.entriesHere = 3, .entries = 3})), Reason::Damaged);
+}
+
+TEST_F(ZipDirectoryTest, OfMoreEntriesThanAByteCountsIsTaken) {
+  EXPECT_EQ(refused(style(300).bytes()), std::nullopt);
+  EXPECT_EQ(refused(style(300).bytes({.large = true})), std::nullopt);
 }
 
 TEST_F(ZipDirectoryTest, OfAsManyBytesAsMayBeIsTaken) {
@@ -140,6 +166,58 @@ TEST_F(ZipDirectoryTest, ThatIsNotWhatTheEndSaysIsRefused) {
   }
 }
 
+TEST_F(ZipDirectoryTest, ThatTheEndSaysIsFarTooLargeOrFarAwayIsRefused) {
+  const std::string plain = style().bytes();
+  const auto whole = std::get<ZipDirectory>(find(plain));
+  const std::uint64_t bytes = whole.list.size(), offset = whole.offset;
+  // The uppermost byte of each field alone.
+  constexpr std::uint64_t kPlain = std::uint64_t{1} << 24, kLarge = std::uint64_t{1} << 56;
+
+  EXPECT_EQ(refused(style().bytes({.listBytes = bytes + kPlain})), Reason::TooManyEntries);
+  EXPECT_EQ(refused(style().bytes({.listOffset = offset + kPlain})), Reason::Damaged);
+  for (const End& claims :
+       {End{.entriesHere = 2 + kLarge, .large = true}, End{.entries = 2 + kLarge, .large = true},
+        End{.listOffset = offset + kLarge, .large = true}})
+    EXPECT_EQ(refused(style().bytes(claims)), Reason::Damaged);
+  EXPECT_EQ(refused(style().bytes({.listBytes = bytes + kLarge, .large = true})),
+            Reason::TooManyEntries);
+}
+
+TEST_F(ZipDirectoryTest, OfWhichTheTwoRecordsDisagreeIsRefused) {
+  const std::string plain = style().bytes();
+  const auto whole = std::get<ZipDirectory>(find(plain));
+
+  EXPECT_EQ(refused(style().bytes({.large = true,
+                                   .plainEntries = 2,
+                                   .plainListBytes = whole.list.size(),
+                                   .plainListOffset = whole.offset})),
+            std::nullopt);
+  for (const End& claims :
+       {End{.large = true, .plainEntries = 1}, End{.large = true, .plainListBytes = 1},
+        End{.large = true, .plainListOffset = 1}})
+    EXPECT_EQ(refused(style().bytes(claims)), Reason::Damaged);
+}
+
+TEST_F(ZipDirectoryTest, BehindItsEndIsRefused) {
+  const std::string plain = style().bytes();
+  const auto whole = std::get<ZipDirectory>(find(plain));
+  const std::uint64_t comment = plain.size();
+
+  EXPECT_EQ(refused(style().bytes({.comment = whole.list, .listOffset = comment})),
+            Reason::Damaged);
+}
+
+TEST_F(ZipDirectoryTest, OnOneOfManyDisksIsRefused) {
+  for (const std::uint32_t disk : {1U, 0x100U, 0x8000U}) {
+    EXPECT_EQ(refused(style().bytes({.disk = disk})), Reason::Damaged) << disk;
+    EXPECT_EQ(refused(style().bytes({.firstDisk = disk})), Reason::Damaged) << disk;
+  }
+  for (const std::uint32_t disk : {1U, 0x100U, 0x10000U, 0x1000000U}) {
+    EXPECT_EQ(refused(style().bytes({.disk = disk, .large = true})), Reason::Damaged) << disk;
+    EXPECT_EQ(refused(style().bytes({.firstDisk = disk, .large = true})), Reason::Damaged) << disk;
+  }
+}
+
 TEST_F(ZipDirectoryTest, InPiecesOrElsewhereIsRefused) {
   EXPECT_EQ(refused(style().bytes({.listOffset = ~std::uint64_t{0}, .large = true})),
             Reason::Damaged);
@@ -155,8 +233,15 @@ TEST_F(ZipDirectoryTest, IsInNoFileWithoutAnEnd) {
   EXPECT_EQ(refused(""), Reason::NotAFolderOrZip);
   EXPECT_EQ(refused("PK"), Reason::NotAFolderOrZip);
   EXPECT_EQ(refused(std::string(100'000, 'x')), Reason::NotAFolderOrZip);
+  EXPECT_EQ(refused(std::string("PK\5\6", 4) + std::string(100'000, 'x')), Reason::NotAFolderOrZip);
   EXPECT_EQ(refused(std::string("PK\5\6", 4)), Reason::Damaged);
   EXPECT_EQ(refused(style().bytes() + "x"), Reason::Damaged);
+}
+
+TEST_F(ZipDirectoryTest, OfAFileThatIsNotOpenIsRefused) {
+  const Found found = findZipDirectory(-1, installation.limits);
+
+  EXPECT_THAT(std::get<StyleRefusal>(found), refusedFor(Reason::Damaged));
 }
 
 TEST_F(ZipDirectoryTest, OfAnArchiveWithoutEntriesIsEmpty) {
