@@ -131,6 +131,24 @@ TEST_F(PSListControllerCellsTest, ARegisteredCellIsMadeAnewAtEveryLoadAndTheOldO
   EXPECT_EQ(cell(*page, "B")->detailTextLabel()->text(), "");
 }
 
+TEST_F(PSListControllerCellsTest, ARowOfAGivenHeightGetsItsCellOnlyWhenItComesNearTheScreen) {
+  Array rows;
+  for (int i = 0; i < 100; ++i) rows.push_back(row("PSSwitchCell", "R" + std::to_string(i)));
+  Dictionary last = counted("last");
+  last.insert_or_assign("height", 60);
+  rows.push_back(last);
+  navigation->view().setFrame({0, 0, 320, 400});
+  const auto page = showTestPage(std::move(rows));
+  const int madeFarAway = CountedCell::made;
+
+  page->table().userDidScroll({0, 1e9});
+  layout();
+
+  EXPECT_EQ(madeFarAway, 0);
+  EXPECT_EQ(CountedCell::made, 1);
+  EXPECT_EQ(cell(*page, "last")->frame().size.height, 60);
+}
+
 TEST_F(PSListControllerCellsTest, ReloadingOneRowReadsThatRowAlone) {
   const auto page =
       showTestPage({row("PSSwitchCell", "A"), row("PSSwitchCell", "B"), counted("C")});
@@ -164,6 +182,32 @@ TEST_F(PSListControllerCellsTest, ReloadingAnUnknownRowDoesNothing) {
   layout();
 
   EXPECT_THAT(page->reads, IsEmpty());
+}
+
+TEST_F(PSListControllerCellsTest, ReloadingARowOfAnotherPageOrAFormerOneDoesNothing) {
+  class CountedPage : public TestPage {
+   public:
+    int numberOfSectionsInTableView(UITableView& table) override {
+      ++tableLoads;
+      return TestPage::numberOfSectionsInTableView(table);
+    }
+    int tableLoads = 0;
+  };
+  describe({row("PSSwitchCell", "A")});
+  const auto page = std::make_shared<CountedPage>();
+  show(page);
+  const auto former = page->specifierForID("A");
+  page->reloadSpecifiers();
+  layout();
+  page->reads.clear();
+  page->tableLoads = 0;
+
+  page->reloadSpecifier(*former);
+  page->reloadSpecifier(PSSpecifier(PSCellType::PSSwitchCell, "A"));
+  layout();
+
+  EXPECT_THAT(page->reads, IsEmpty());
+  EXPECT_EQ(page->tableLoads, 0);
 }
 
 TEST_F(PSListControllerCellsTest, AReadMayReloadAnotherRowWithoutEnd) {

@@ -113,6 +113,62 @@ TEST_F(PSListControllerTapTest, ACellMayPutItsOwnActionInPlaceOfTheRows) {
   EXPECT_EQ(described, 0);
 }
 
+TEST_F(PSListControllerTapTest, ACellsOwnActionComesBeforeItsRowsAndMakesItPressable) {
+  static int own;
+  class ActingCell : public PSTableCell {
+   public:
+    using PSTableCell::PSTableCell;
+    PSSpecifier::Action cellAction() override {
+      return [] { ++own; };
+    }
+  };
+  own = 0;
+  int described = 0;
+  bundle.registry.registerAction("press", [&](UIViewController&, PSSpecifier&) { ++described; });
+  bundle.registry.registerCell("ActingCell", [](UITableViewCellStyle style, std::string identifier,
+                                                std::shared_ptr<PSSpecifier> specifier) {
+    return std::make_unique<ActingCell>(style, std::move(identifier), std::move(specifier));
+  });
+  const auto page =
+      showTestPage({row("PSButtonCell", "A", {{"action", "press"}, {"cellClass", "ActingCell"}}),
+                    row("PSLinkCell", "B", {{"cellClass", "ActingCell"}})});
+
+  tap(*page, "A");
+  tap(*page, "B");
+
+  EXPECT_EQ(own, 2);
+  EXPECT_EQ(described, 0);
+  EXPECT_EQ(cell(*page, "B")->selectionStyle(), UITableViewCellSelectionStyle::Default);
+  EXPECT_EQ(cell(*page, "B")->accessoryType(), UITableViewCellAccessoryType::DisclosureIndicator);
+}
+
+TEST_F(PSListControllerTapTest, ALinkOnAPageOutsideAnyStackOrToAPageThatIsNotMadeDoesNothing) {
+  bundle.registry.registerController("Detail", [] { return std::make_shared<DetailPage>(); });
+  bundle.registry.registerController("None",
+                                     []() -> std::shared_ptr<UIViewController> { return nullptr; });
+  const Array rows{row("PSLinkCell", "A", {{"detail", "Detail"}}),
+                   row("PSLinkCell", "none", {{"detail", "None"}})};
+  describe(rows);
+  const auto loose = std::make_shared<TestPage>();
+  loose->setBundle(&bundle);
+  loose->table().setFrame({0, 0, 320, 400});
+  loose->table().layoutIfNeeded();
+  const auto page = showTestPage(rows);
+
+  tap(*loose, "A");
+  tap(*page, "none");
+
+  EXPECT_EQ(top(), page.get());
+}
+
+TEST_F(PSListControllerTapTest, AListOfValuesWithoutARowOfItsOwnIsEmpty) {
+  const auto items = std::make_shared<PSListItemsController>();
+
+  show(items);
+
+  EXPECT_THAT(items->specifiers(), IsEmpty());
+}
+
 TEST_F(PSListControllerTapTest, AnActionMayReloadThePageThatItIsOn) {
   bundle.registry.registerAction("reload", [&](UIViewController& target, PSSpecifier& specifier) {
     auto& page = dynamic_cast<TestPage&>(target);

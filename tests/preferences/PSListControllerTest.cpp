@@ -133,6 +133,40 @@ TEST_F(PSListControllerTest, ReloadingShowsRowsThatCameAndWent) {
   EXPECT_THAT(shownRows(*page), ElementsAre(ElementsAre("A", "B", "C")));
 }
 
+TEST_F(PSListControllerTest, LoadsItsRowsWithItsView) {
+  describe({row("PSSwitchCell", "A")});
+  const auto page = std::make_shared<TestPage>();
+  page->setBundle(&bundle);
+
+  page->view();
+
+  EXPECT_EQ(page->loads, 1);
+}
+
+TEST_F(PSListControllerTest, MayBeReloadedBeforeItHasAView) {
+  describe({row("PSSwitchCell", "A")});
+  const auto page = std::make_shared<TestPage>();
+  page->setBundle(&bundle);
+
+  page->reloadSpecifiers();
+  page->reloadSpecifierID("A");
+
+  EXPECT_EQ(page->loads, 1);
+  EXPECT_EQ(page->cachedCellForSpecifierID("A"), nullptr);
+}
+
+TEST_F(PSListControllerTest, HasTheCellsOfTheRowsInSightAtHand) {
+  Array rows;
+  for (int i = 0; i < 100; ++i) rows.push_back(row("PSSwitchCell", "R" + std::to_string(i)));
+  navigation->view().setFrame({0, 0, 320, 400});
+  const auto page = showTestPage(std::move(rows));
+
+  EXPECT_EQ(page->cachedCellForSpecifierID("R1"), cell(*page, "R1"));
+  EXPECT_NE(page->cachedCellForSpecifierID("R1"), nullptr);
+  EXPECT_EQ(page->cachedCellForSpecifierID("R99"), nullptr);
+  EXPECT_EQ(page->cachedCellForSpecifierID("unknown"), nullptr);
+}
+
 TEST_F(PSListControllerTest, RowsAreFoundByIdentifierAndPlace) {
   const auto page = showTestPage(
       {group(), row("PSSwitchCell", "A", {{"id", "first"}}), row("PSSwitchCell", "B")});

@@ -7,6 +7,7 @@
 #include "preferences/PSSliderTableCell.h"
 #include "preferences/PSSwitchTableCell.h"
 #include "tests/preferences/ListPageTest.h"
+#include "tests/uikit/KitTest.h"
 
 namespace frelta {
 namespace {
@@ -56,6 +57,20 @@ TEST_F(PSTableCellTest, ASwitchRowIsOneSwitchToAssistiveTechnologyAndPressable) 
   EXPECT_EQ(page->writes.size(), 1u);
 }
 
+TEST_F(PSTableCellTest, ASwitchTellsWhoWatchesItsRowWheneverItTurns) {
+  const auto page = showTestPage({row("PSSwitchCell", "A")});
+  auto& shown = *cell<PSSwitchTableCell>(*page, "A");
+  const CountingObserver observer(shown);
+
+  shown.control()->toggle();
+  const int afterATap = observer.changes;
+  page->values["A"] = 0;
+  shown.refreshCellContents();
+
+  EXPECT_EQ(afterATap, 1);
+  EXPECT_EQ(observer.changes, 2);
+}
+
 TEST_F(PSTableCellTest, ASegmentStoresItsValidValue) {
   const auto page = showTestPage({row(
       "PSSegmentCell", "A", {{"validValues", Array{5, "six"}}, {"validTitles", Array{"5", "6"}}})});
@@ -93,6 +108,28 @@ TEST_F(PSTableCellTest, ASegmentIsNamedByItsLabelElseByItsGroup) {
   EXPECT_EQ(named.label, "A");
   EXPECT_EQ(byGroup.label, "Group");
   EXPECT_FALSE(cell(*page, "A")->accessibility().isElement);
+  EXPECT_EQ(cell(*page, "A")->textLabel()->text(), "");
+  EXPECT_EQ(cell(*page, "A")->selectionStyle(), UITableViewCellSelectionStyle::None);
+}
+
+TEST_F(PSTableCellTest, ASegmentWithOtherTitlesHasOneControlThatStoresItsOwnValues) {
+  const auto titled = [](const char* first, const char* second) {
+    return row("PSSegmentCell", "A",
+               {{"validValues", Array{first, second}}, {"validTitles", Array{first, second}}});
+  };
+  const auto page = showTestPage({titled("a", "b")});
+  PSTableCell& shown = *cell(*page, "A");
+  shown.specifier()->setProperty(Array{"c", "d"}, "validValues");
+  shown.specifier()->setProperty(Array{"c", "d"}, "validTitles");
+
+  shown.refreshCellContents();
+  dynamic_cast<PSSegmentTableCell&>(shown).control()->selectSegment(1);
+
+  EXPECT_EQ(std::ranges::count_if(
+                shown.subviews(),
+                [](const auto& view) { return dynamic_cast<UISegmentedControl*>(view.get()); }),
+            1);
+  EXPECT_THAT(page->writes, ElementsAre(Pair("A", PropertyListValue("d"))));
 }
 
 TEST_F(PSTableCellTest, ASegmentSpansTheRowButForItsMargins) {
@@ -102,6 +139,22 @@ TEST_F(PSTableCellTest, ASegmentSpansTheRowButForItsMargins) {
   const CGRect frame = cell<PSSegmentTableCell>(*page, "A")->control()->frame();
 
   EXPECT_EQ(frame, CGRect(16, 6, 256, 32));
+}
+
+TEST_F(PSTableCellTest, ASegmentGivesUpItsMarginsWhereItsTitlesDoNotFitOtherwise) {
+  const auto page = showTestPage(
+      {row("PSSegmentCell", "A", {{"validValues", Array{0}}, {"validTitles", Array{"x"}}})});
+  UISegmentedControl& control = *cell<PSSegmentTableCell>(*page, "A")->control();
+  const double widest = control.sizeThatFits({}).width;
+
+  navigation->view().setFrame({0, 0, widest + 64, 4000});
+  layout();
+  const CGRect fitting = control.frame();
+  navigation->view().setFrame({0, 0, widest + 63, 4000});
+  layout();
+
+  EXPECT_EQ(fitting, CGRect(16, 6, widest, 32));
+  EXPECT_EQ(control.frame(), CGRect(6, 6, widest + 19, 32));
 }
 
 TEST_F(PSTableCellTest, ASliderStoresANumberWhenTheDragEnds) {
@@ -127,7 +180,18 @@ TEST_F(PSTableCellTest, ASliderKeepsAnyValueWithinItsRange) {
 
   EXPECT_EQ(cell<PSSliderTableCell>(*page, "A")->control()->value(), 20);
   EXPECT_EQ(cell<PSSliderTableCell>(*page, "B")->control()->value(), 10);
-  EXPECT_EQ(cell<PSSliderTableCell>(*page, "C")->control()->value(), 0);
+  const UISlider& unbounded = *cell<PSSliderTableCell>(*page, "C")->control();
+  EXPECT_EQ(unbounded.value(), 0);
+  EXPECT_EQ(unbounded.minimumValue(), 0);
+  EXPECT_EQ(unbounded.maximumValue(), 1);
+}
+
+TEST_F(PSTableCellTest, ASliderIsOneElementBesideItsLabel) {
+  const auto page = showTestPage({row("PSSliderCell", "A")});
+
+  EXPECT_EQ(cell<PSSliderTableCell>(*page, "A")->control()->accessibility(),
+            (UIAccessibility{.isElement = true, .label = "A"}));
+  EXPECT_EQ(cell(*page, "A")->textLabel()->text(), "A");
 }
 
 TEST_F(PSTableCellTest, TextIsStoredWhenEditingEndsIfItIsAnother) {
@@ -144,6 +208,32 @@ TEST_F(PSTableCellTest, TextIsStoredWhenEditingEndsIfItIsAnother) {
 
   EXPECT_EQ(unchanged, 0u);
   EXPECT_EQ(whileTyping, 0u);
+  EXPECT_THAT(page->writes, ElementsAre(Pair("A", PropertyListValue("new"))));
+}
+
+TEST_F(PSTableCellTest, AFieldHasItsPlaceholderItsNameAndAButtonThatClearsIt) {
+  const auto page = showTestPage({row("PSEditTextCell", "A", {{"placeholder", "none yet"}}),
+                                  row("PSEditTextCell", "B", {{"placeholder", 7}})});
+  const UITextField& field = *cell<PSEditableTableCell>(*page, "A")->textField();
+
+  EXPECT_EQ(field.placeholder(), "none yet");
+  EXPECT_EQ(field.clearButtonMode(), UITextFieldViewMode::WhileEditing);
+  EXPECT_EQ(field.accessibility(), (UIAccessibility{.isElement = true, .label = "A"}));
+  EXPECT_EQ(cell(*page, "A")->textLabel()->text(), "A");
+  EXPECT_EQ(cell<PSEditableTableCell>(*page, "B")->textField()->placeholder(), "");
+}
+
+TEST_F(PSTableCellTest, WhatIsBeingTypedIsNotTakenAwayByAValueThatIsReadMeanwhile) {
+  const auto page = showTestPage({row("PSEditTextCell", "A", {{"default", "old"}})});
+  auto& shown = *cell<PSEditableTableCell>(*page, "A");
+  shown.textField()->becomeFirstResponder();
+  shown.textField()->userDidEdit("new");
+
+  shown.refreshCellContents();
+  const std::string whileTyping = shown.textField()->text();
+  shown.textField()->resignFirstResponder();
+
+  EXPECT_EQ(whileTyping, "new");
   EXPECT_THAT(page->writes, ElementsAre(Pair("A", PropertyListValue("new"))));
 }
 
@@ -251,6 +341,75 @@ TEST_F(PSTableCellTest, ALabelAndItsControlStandSideBySideInTheMiddleOfTheRow) {
   EXPECT_EQ(shown->textLabel()->frame(),
             CGRect(16, (60 - label.height) / 2, label.width, label.height));
   EXPECT_EQ(shown->textField()->frame(), CGRect(left, (60 - height) / 2, 288 - 16 - left, height));
+}
+
+TEST_F(PSTableCellTest, AFieldWithoutALabelHasTheWholeRowAndInNoRoomIsNoNarrowerThanNothing) {
+  Dictionary unnamed = row("PSEditTextCell", "A");
+  unnamed.erase("label");
+  const auto page = showTestPage({unnamed});
+  auto& shown = *cell<PSEditableTableCell>(*page, "A");
+
+  const CGRect whole = shown.textField()->frame();
+  shown.setFrame({0, 0, 20, 44});
+  shown.layoutIfNeeded();
+
+  EXPECT_EQ(whole.minX(), 16);
+  EXPECT_EQ(whole.size.width, 288 - 2 * 16);
+  EXPECT_EQ(shown.textField()->frame().size.width, 0);
+}
+
+TEST_F(PSTableCellTest, ALabelInNoRoomIsNoWiderThanNothing) {
+  const auto page = showTestPage({row("PSEditTextCell", "A")});
+  auto& shown = *cell<PSEditableTableCell>(*page, "A");
+
+  shown.setFrame({0, 0, 20, 44});
+  shown.layoutIfNeeded();
+
+  EXPECT_EQ(shown.textLabel()->frame().size.width, 0);
+  EXPECT_EQ(shown.textField()->frame().minX(), 16);
+}
+
+TEST_F(PSTableCellTest, ACellToldItsHeightPrefersItToWhatItsTextsNeed) {
+  const std::string text(200, 'x');
+  const auto page = showTestPage({row("PSEditTextCell", "A", {{"height", 20}, {"label", text}}),
+                                  row("PSStaticTextCell", "B", {{"height", 20}, {"label", text}})});
+
+  EXPECT_EQ(cell(*page, "A")->preferredHeightForWidth(288), 20);
+  EXPECT_EQ(cell(*page, "B")->preferredHeightForWidth(288), 20);
+}
+
+TEST_F(PSTableCellTest, ARowIsFoundByTheIdentifierOfTheSpecifierItIsGiven) {
+  const auto page = showTestPage({row("PSSwitchCell", "A")});
+  PSTableCell& shown = *cell(*page, "A");
+  const auto other = std::make_shared<PSSpecifier>(PSCellType::PSSwitchCell, "B");
+
+  shown.setSpecifier(other);
+
+  EXPECT_EQ(shown.specifier(), other);
+  EXPECT_EQ(shown.accessibilityIdentifier(), "B");
+}
+
+TEST_F(PSTableCellTest, AClassThatFailsCostsNoMoreThanItsRow) {
+  bundle.registry.registerCell("FailingCell",
+                               [](UITableViewCellStyle, std::string,
+                                  std::shared_ptr<PSSpecifier>) -> std::unique_ptr<PSTableCell> {
+                                 throw std::runtime_error("no picture");
+                               });
+
+  const auto page = showTestPage(
+      {row("PSSwitchCell", "A", {{"cellClass", "FailingCell"}}), row("PSSwitchCell", "B")});
+
+  EXPECT_TRUE(cell<PSSwitchTableCell>(*page, "A"));
+  EXPECT_TRUE(cell<PSSwitchTableCell>(*page, "B"));
+  EXPECT_THAT(platform.log.lines,
+              testing::Contains("[Frelta] Uncaught exception from FailingCell: no picture"));
+}
+
+TEST_F(PSTableCellTest, AStaticTextIsSmallAndGrey) {
+  const auto page = showTestPage({row("PSStaticTextCell", "A")});
+
+  EXPECT_EQ(cell(*page, "A")->textLabel()->font(), UIFont::systemFontOfSize(15));
+  EXPECT_EQ(cell(*page, "A")->textLabel()->textColor(), UIColor::secondaryLabelColor());
 }
 
 TEST_F(PSTableCellTest, AClassIsGivenRoomForADetailWhereItsRowsKindHasOne) {

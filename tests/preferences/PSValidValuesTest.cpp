@@ -59,6 +59,28 @@ TEST(PSValidValues, TheLastNumberStandsForHigherOnesWhereTheRowSaysSo) {
   EXPECT_EQ(indexOf(5), std::nullopt);
 }
 
+TEST(PSValidValues, WithoutValuesNoneGoesOn) {
+  PSSpecifier row = rowWith({}, {});
+
+  row.setProperty(true, "validValuesGoOn");
+
+  EXPECT_TRUE(validValues(row).empty());
+}
+
+TEST(PSValidValues, ValuesOfEveryTypeAreFound) {
+  const auto indexIn = [](Array valid, const PropertyListValue& stored) {
+    return indexOfValidValue(validValues(rowWith(std::move(valid), {"a", "b"})), stored);
+  };
+
+  EXPECT_EQ(indexIn({true, false}, 1), 0u);
+  EXPECT_EQ(indexIn({true, false}, 0), 1u);
+  EXPECT_EQ(indexIn({3, 4}, 4.5), 1u);
+  EXPECT_EQ(indexIn({0.5, 2.5}, 2.5), 1u);
+  EXPECT_EQ(indexIn({0.5, 2.5}, "2.5"), 1u);
+  EXPECT_EQ(indexIn({0.5, 2.5}, 2), std::nullopt);
+  EXPECT_EQ(indexIn({Data{"x"}, Data{"y"}}, Data{"y"}), 1u);
+}
+
 TEST(PSValidValues, ATextIsFoundOnlyAsTheSameText) {
   const auto values = validValues(rowWith({"one", "1"}, {"a", "b"}));
 
