@@ -228,6 +228,44 @@ TEST_F(SettingsFile, SettingsThatCannotBeStoredTouchNoFileAndAreLogged) {
               ElementsAre("[Frelta] writeSettings has a value that cannot be stored"));
 }
 
+TEST_F(SettingsFile, IsBackedUpInPlaceOfAFolderOrAnOlderBackup) {
+  const std::string backup = std::string(kSettingsPath) + ".bak";
+  for (const std::string& older : {backup, backup + "/file"}) {
+    std::filesystem::remove_all(platform.hostPath(backup));
+    platform.put(older, "older");
+    putSettings({{"Enabled", 1}});
+    const std::string before = platform.get(kSettingsPath);
+
+    writeSettingsWithBackup({{"Enabled", 0}}, backup);
+
+    EXPECT_EQ(platform.get(backup), before);
+    EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+  }
+}
+
+TEST_F(SettingsFile, ThatIsMissingTakesNothingFromItsBackupsPlace) {
+  const std::string backup = std::string(kSettingsPath) + ".bak";
+  platform.put(backup + "/file", "older");
+
+  writeSettingsWithBackup({{"Enabled", 0}}, backup);
+
+  EXPECT_EQ(platform.get(backup + "/file"), "older");
+  EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+}
+
+TEST_F(SettingsFile, ThatCannotBeBackedUpIsReplacedAndTheOlderBackupStays) {
+  const std::string backup = std::string(kSettingsPath) + ".bak";
+  platform.put(backup, "older");
+  putSettings({{"Enabled", 1}});
+  platform.files.fail(Operation::Copy);
+
+  const bool isWritten = writeSettingsWithBackup({{"Enabled", 0}}, backup);
+
+  EXPECT_TRUE(isWritten);
+  EXPECT_EQ(platform.get(backup), "older");
+  EXPECT_EQ(settingsFile(), (Dictionary{{"Enabled", 0}}));
+}
+
 using UnreadableSettingsFile = SettingsFile;
 
 TEST_F(UnreadableSettingsFile, IsKeptBesideByEveryWriter) {
@@ -294,6 +332,15 @@ TEST_F(UnreadableSettingsFile, StaysWhenItCannotBeKept) {
       platform.log.lines,
       ElementsAre("[Frelta] writeSettings cannot read the settings file; it cannot be kept as " +
                   kUnreadablePath + " and is not replaced"));
+}
+
+TEST_F(UnreadableSettingsFile, OfASingleByteIsKept) {
+  platform.put(kSettingsPath, "x");
+
+  writeSetting("Enabled", 0);
+
+  EXPECT_EQ(platform.get(kUnreadablePath), "x");
+  EXPECT_THAT(platform.log.lines, SizeIs(1));
 }
 
 TEST_F(UnreadableSettingsFile, WithoutAByteInItHasNothingToKeep) {
