@@ -378,6 +378,25 @@ TEST_F(Expansion, FollowsANewWidthWithItsMasks) {
   EXPECT_EQ(header().headerLabel()->frame(), CGRect(10, 57.5 - 29, 60, 29));
 }
 
+TEST_F(Expansion, GoesOnWhenTheCellIsLaidOutMeanwhile) {
+  const auto expandHalfWay = [&] {
+    cell.setSubCellsHidden(false);
+    platform.mainQueue.advance(0.1);
+    cell.setNeedsLayout();
+    cell.layoutIfNeeded();
+  };
+  cell.setSortedStyleItem(three);
+
+  expandHalfWay();
+  expectHeader(0.5, 61, (60 + 269) / 2.0, 375 - 86);
+  cell.setSubCellsHidden(true, false);
+  cell.setFrame({0, 0, 400, 340});
+  cell.layoutIfNeeded();
+  expandHalfWay();
+
+  expectHeader(0.5, 61, (60 + 279) / 2.0, 385 - 86);
+}
+
 TEST_F(Expansion, OfAThousandItemsBuildsThemAll) {
   cell.setSortedStyleItem(groupOf(1'000, true));
 

@@ -282,6 +282,13 @@ TEST_F(ItemRow, UpdatesItsButtonAnimated) {
   EXPECT_TRUE(row.contentView()->enableButton()->isAnimating());
 }
 
+TEST_F(ItemRow, IsOneGroupWithItsTitleForThoseWhoListen) {
+  row.contentView()->setTitleText("id.blue");
+
+  EXPECT_EQ(row.accessibility(),
+            (UIAccessibility{.role = UIAccessibility::Role::Group, .label = "id.blue"}));
+}
+
 TEST_F(ItemRow, AnEditTapLogsThePlaceholderOfAMissingObject) {
   row.setStyleItem(blue);
   FreltaEditButton button({0, 0, 76, 31});

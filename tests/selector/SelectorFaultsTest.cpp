@@ -399,5 +399,23 @@ TEST_F(SelectorFaults, ARowThatIsScrolledAwayHasNoPlace) {
   EXPECT_EQ(selector->indexPathForSortedStyle(entries[7]), std::nullopt);
 }
 
+TEST_F(SelectorFaults, ARowThatOnlyTouchesTheScreensEdgeHasNoPlace) {
+  FreltaStyleLibrary::Entries entries;
+  for (int i = 0; i < 20; ++i) entries.push_back(groupOf(1));
+  const auto selector = showGroups(entries);
+  UITableView& table = *selector->tableView();
+  const auto hasPlaceAt = [&](double y, std::size_t row) {
+    table.userDidScroll({0, y});
+    window.layoutIfNeeded();
+    return selector->indexPathForSortedStyle(entries[row]).has_value();
+  };
+
+  EXPECT_FALSE(hasPlaceAt(130, 0));
+  EXPECT_TRUE(hasPlaceAt(129, 0));
+  const double endOfRowNine = 10 * 130 - table.bounds().size.height;
+  EXPECT_FALSE(hasPlaceAt(endOfRowNine, 10));
+  EXPECT_TRUE(hasPlaceAt(endOfRowNine + 1, 10));
+}
+
 }  // namespace
 }  // namespace frelta

@@ -96,18 +96,20 @@ TEST_F(SelectorScreen, GivesEveryRow130PointsUnlessItIsAnOpenGroup) {
   const auto selector = show(Selector::init());
   const auto bare = std::make_shared<FreltaSortedItem>();
   bare->setIsExpanded(true);
-  selector->setSortedStyles({groupOf(3), groupOf(3, true), bare, style("A"), group({}, true)});
+  selector->setSortedStyles(
+      {groupOf(3), groupOf(3, true), bare, style("A"), group({}, true), nullptr});
   const auto height = [&](int row) {
     return selector->heightForRowAtIndexPath(*selector->tableView(), {1, row});
   };
 
-  for (int row = 0; row < 5; ++row) EXPECT_EQ(height(row), 130);
+  for (int row = 0; row < 6; ++row) EXPECT_EQ(height(row), 130);
   selector->setIsGrouped(true);
   EXPECT_EQ(height(0), 130);
   EXPECT_EQ(height(1), 340);
   EXPECT_EQ(height(2), 130);
   EXPECT_EQ(height(3), 130);
   EXPECT_EQ(height(4), 130);
+  EXPECT_EQ(height(5), 130);
 }
 
 TEST_F(SelectorScreen, ASecondTapOnARowClearsItsSelection) {
@@ -345,6 +347,34 @@ TEST_F(SelectorScreen, LeavesAnimatedWhenThereAreNoStyles) {
   alert()->userDidPressAction(*alert()->actions()[0]);
 
   EXPECT_THAT(below->appearances, ElementsAre(false, true));
+}
+
+TEST_F(SelectorScreen, PresentsEveryAlertAnimated) {
+  class NotingSelector : public FreltaThemeSelectorViewController {
+   public:
+    void presentViewController(std::shared_ptr<UIViewController> controller,
+                               bool animated) override {
+      presentedAnimated.push_back(animated);
+      FreltaThemeSelectorViewController::presentViewController(std::move(controller), animated);
+    }
+    std::vector<bool> presentedAnimated;
+  };
+  const auto selector = initSelector<NotingSelector>(FreltaStyleModeImages);
+  show(selector);
+  FreltaStyleSubCell row({0, 0, 390, 80});
+  const std::vector<std::function<void()>> asking = {
+      [&] { selector->addButtonTapped(); }, [&] { selector->showNoStylesAlert(); },
+      [&] { row.handleLongPress(*row.longPress()); }};
+
+  for (const auto& ask : asking) {
+    ask();
+    platform.mainQueue.runPending();
+    ASSERT_NE(alert(), nullptr);
+    selector->dismissViewControllerAnimated(false);
+    ASSERT_EQ(alert(), nullptr);
+  }
+
+  EXPECT_THAT(selector->presentedAnimated, ElementsAre(true, true, true));
 }
 
 TEST_F(SelectorScreen, PutsNoButtonInTheBar) {

@@ -343,9 +343,24 @@ TEST_F(StyleCell, TakesTitlesOfEverySort) {
 TEST_F(StyleCell, IsOneGroupWithTitleAndKindForThoseWhoListen) {
   cell.setSortedStyleItem(style("Aurora", FreltaStyleModeHTML));
 
+  EXPECT_FALSE(cell.accessibility().isElement);
   EXPECT_EQ(cell.accessibility().role, UIAccessibility::Role::Group);
   EXPECT_EQ(cell.accessibility().label, "Aurora");
   EXPECT_EQ(cell.accessibility().value, "HTML Theme");
+}
+
+TEST_F(StyleCell, BeforeItIsFilledHasNothingToShowOrTell) {
+  FreltaStyleCell bare{UITableViewCellStyle::Default, "bare"};
+
+  bare.setSubCellsHidden(false);
+  bare.updateHeaderCell();
+  bare.updateSubCells();
+  bare.setBackgroundColor(UIColor::colorWithRed(0.9, 0.5, 0.1, 1.0));
+  bare.layoutIfNeeded();
+
+  EXPECT_EQ(bare.headerView(), nullptr);
+  EXPECT_EQ(bare.subCellsView(), nullptr);
+  EXPECT_NE(bare.accessibility().role, UIAccessibility::Role::Group);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "tests/selector/SelectorTest.h"
+#include "tests/uikit/KitTest.h"
 
 namespace frelta {
 namespace {
@@ -129,6 +130,15 @@ TEST_F(ToggleButton, IsCalledAfterWhatItDoesToWhichStyle) {
 
   EXPECT_EQ(button.accessibility().label, "Disable Aurora");
   EXPECT_EQ(button.title(), "Disable");
+}
+
+TEST_F(ToggleButton, TellsWhoWatchesItOnceOfEachOtherName) {
+  const CountingObserver observer(button);
+
+  button.setStyleName("Aurora");
+  button.setStyleName("Aurora");
+
+  EXPECT_EQ(observer.changes, 1);
 }
 
 TEST(EditButton, IsAnOrangePill) {
