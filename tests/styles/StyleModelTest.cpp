@@ -48,13 +48,17 @@ TEST(SortedItem, TakesItsStateFromHowManyItemsAreEnabled) {
   }
 }
 
-TEST(SortedItem, StoresTheStateThroughItsSetter) {
+TEST(SortedItem, StoresEveryStateThroughItsSetter) {
   ObservedGroup group;
-  group.setItems(itemsSwitched({true, false}));
 
-  group.updateEnabledState();
+  for (const auto& items : {itemsSwitched({false, false}), itemsSwitched({true, false}),
+                            itemsSwitched({true, true}), FreltaSortedItem::Items()}) {
+    group.setItems(items);
+    group.updateEnabledState();
+  }
 
-  EXPECT_THAT(group.stored, testing::ElementsAre(FreltaEnabledStatePartial));
+  EXPECT_THAT(group.stored, testing::ElementsAre(FreltaEnabledStateNone, FreltaEnabledStatePartial,
+                                                 FreltaEnabledStateAll, FreltaEnabledStateAll));
 }
 
 TEST(SortedItem, GeneratesANewImageWithoutContentEachTime) {
