@@ -117,18 +117,6 @@ TEST_F(RootPageScreenTest, TheCurrentRootPageIsHeldUntilItHasDisappeared) {
   EXPECT_TRUE(held.expired());
 }
 
-TEST_F(RootPageScreenTest, APageThatDisappearsLeavesNoCurrentRootPageWhicheverItWas) {
-  const auto first = std::make_shared<freltaprefsRootListController>();
-  const auto second = std::make_shared<freltaprefsRootListController>();
-  for (const auto& page : {first, second}) page->setBundle(&bundle);
-  first->viewWillAppear(false);
-  second->viewWillAppear(false);
-
-  first->viewWillDisappear(false);
-
-  EXPECT_EQ(freltaprefsRootListController::currentRootPage(), nullptr);
-}
-
 TEST_F(RootPageScreenTest, WhatASubPageChangedShowsOnReturn) {
   const auto page = showRoot();
   navigation->pushViewController(std::make_shared<UIViewController>(), false);

@@ -62,6 +62,7 @@ TEST_F(PresetAlerts, WithAnyTextOnThePasteboardAddAsksWhatToDo) {
                 ElementsAre(Pair("Import Existing Preset...", Default),
                             Pair("Create New Preset...", Default), Pair("Cancel", Cancel)));
   }
+  EXPECT_THAT(platform.log.lines, IsEmpty()) << "a second alert was refused";
 }
 
 TEST_F(PresetAlerts, TheAddButtonOfTheBarAdds) {
