@@ -387,6 +387,53 @@ TEST_F(SelectorFaults, AnOpenGroupTellsTheScreenOfItsRowBeforeItSelectsIt) {
   EXPECT_THAT(selector->selections, ElementsAre(std::pair(IndexPath{1, 1}, std::nullopt)));
 }
 
+TEST_F(SelectorFaults, AnOpenGroupTellsAndSelectsItsRowWithinOneUpdateOfTheTable) {
+  class AskedSelector : public FreltaThemeSelectorViewController {
+   public:
+    int numberOfRowsInSection(UITableView& table, int section) override {
+      selectedWhenAsked.push_back(table.indexPathForSelectedRow());
+      return FreltaThemeSelectorViewController::numberOfRowsInSection(table, section);
+    }
+    void didSelectRowAtIndexPath(UITableView& table, IndexPath) override {
+      selectedWhenAsked.clear();
+      table.reloadSections({0});
+      askedWhenTold = selectedWhenAsked.size();
+    }
+    std::vector<std::optional<IndexPath>> selectedWhenAsked;
+    std::size_t askedWhenTold = 9;
+  };
+  const auto selector = initSelector<AskedSelector>(FreltaStyleModeImages);
+  show(selector);
+  selector->setIsGrouped(true);
+  const Group a = groupOf(2);
+  selector->setSortedStyles({groupOf(1), a});
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+  a->setIsExpanded(true);
+
+  cellAt(*selector, {1, 1})->setSortedStyleItem(a);
+
+  EXPECT_EQ(selector->askedWhenTold, 0U);
+  EXPECT_THAT(selector->selectedWhenAsked, ElementsAre(IndexPath{1, 1}, IndexPath{1, 1}));
+}
+
+TEST_F(SelectorFaults, ARowThatWasShownAloneOpensOnceTheSelectorGroups) {
+  const auto selector = show(Selector::init());
+  selector->setSortedStyles({groupOf(2, true)});
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+  const auto* cell = cellAt(*selector, {1, 0});
+  ASSERT_EQ(cell->subCellsView(), nullptr);
+
+  selector->setIsGrouped(true);
+  selector->tableView()->reloadData();
+  window.layoutIfNeeded();
+
+  ASSERT_EQ(cellAt(*selector, {1, 0}), cell);
+  ASSERT_NE(cell->subCellsView(), nullptr);
+  EXPECT_EQ(cell->subCellsView()->subviews().size(), 2U);
+}
+
 TEST_F(SelectorFaults, ARowThatIsScrolledAwayHasNoPlace) {
   FreltaStyleLibrary::Entries entries;
   for (int i = 0; i < 20; ++i) entries.push_back(groupOf(1));

@@ -92,6 +92,21 @@ TEST_F(SelectorScreen, ScansAgainEachTimeItAppears) {
   EXPECT_EQ(selector->tableView()->numberOfRowsInSection(1), 2);
 }
 
+TEST_F(SelectorScreen, IsEditedBeforeItScansAgain) {
+  install("A");
+  const auto selector = Selector::init();
+  std::vector<bool> editedAtScan;
+  platform.files.beforeCall = [&](const FailingFiles::Call& call) {
+    if (call.operation == Operation::Contents)
+      editedAtScan.push_back(selector->tableView()->isEditing());
+  };
+
+  show(selector);
+
+  EXPECT_THAT(editedAtScan, ElementsAre(false, true));
+  EXPECT_FALSE(cellAt(*selector, {1, 0})->isAnimating());
+}
+
 TEST_F(SelectorScreen, GivesEveryRow130PointsUnlessItIsAnOpenGroup) {
   const auto selector = show(Selector::init());
   const auto bare = std::make_shared<FreltaSortedItem>();
