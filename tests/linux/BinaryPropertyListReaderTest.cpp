@@ -73,6 +73,7 @@ TEST(BinaryPropertyListReader, SixteenByteIntegersMustFitSixtyFourBits) {
   EXPECT_EQ(readObject("\x14"s + std::string(8, '\xFF') + smallestInt64),
             PropertyListValue(std::numeric_limits<std::int64_t>::min()));
   EXPECT_EQ(readObject("\x14"s + std::string(8, '\xFF') + bigEndian(5, 8)), std::nullopt);
+  EXPECT_EQ(readObject("\x14"s + std::string(8, '\xFF') + bigEndian(0, 8)), std::nullopt);
   EXPECT_EQ(readObject("\x14"s + bigEndian(1, 8) + bigEndian(0, 8)), std::nullopt);
   EXPECT_EQ(readObject("\x15"s + std::string(32, '\0')), std::nullopt);
 }
@@ -106,6 +107,16 @@ TEST(BinaryPropertyListReader, TextIsASCIIOrWellFormedUTF16) {
   EXPECT_EQ(readObject("\x62\xD8\x3D\xE0\0"s), std::nullopt);
 }
 
+TEST(BinaryPropertyListReader, SurrogatesOfUTF16AreToldFromTheirNeighbours) {
+  EXPECT_EQ(readObject("\x61\xD7\xFF"), PropertyListValue("\uD7FF"));
+  EXPECT_EQ(readObject("\x61\xE0\0"s), PropertyListValue("\uE000"));
+  EXPECT_EQ(readObject("\x62\xD8\0\xDC\0"s), PropertyListValue("\U00010000"));
+  EXPECT_EQ(readObject("\x62\xDB\xFF\xDF\xFF"), PropertyListValue("\U0010FFFF"));
+  for (const std::string& bad :
+       {"\x61\xD8\0"s, "\x61\xDF\xFF"s, "\x62\xDC\0\xDC\0"s, "\x62\xD8\0\xDB\xFF"s, "\x51\x80"s})
+    EXPECT_EQ(readObject(bad), std::nullopt) << testing::PrintToString(bad);
+}
+
 TEST(BinaryPropertyListReader, LongContentsCarryTheirLengthAsAnInteger) {
   const std::string text(300, 'x');
 
@@ -114,12 +125,14 @@ TEST(BinaryPropertyListReader, LongContentsCarryTheirLengthAsAnInteger) {
   EXPECT_EQ(readObject("\x5F\x13" + bigEndian(300, 8) + text), PropertyListValue(text));
   EXPECT_EQ(readObject("\x5F\x11\x01\x2D" + text), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x52hi"), std::nullopt);
+  EXPECT_EQ(readObject("\x5F\0\x02hi"s), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x14"s + std::string(16, '\0')), std::nullopt);
   EXPECT_EQ(readObject("\x5F\x13"s + std::string(8, '\xFF')), std::nullopt);
   EXPECT_EQ(readObject("\x6F\x13"s + std::string(8, '\xFF')), std::nullopt);
   EXPECT_EQ(readObject("\x6F\x13"s + bigEndian(std::uint64_t{1} << 63, 8)), std::nullopt);
   EXPECT_EQ(readObject("\xAF\x13"s + std::string(8, '\xFF')), std::nullopt);
   EXPECT_EQ(readObject("\xDF\x13"s + std::string(8, '\xFF')), std::nullopt);
+  EXPECT_EQ(readObject("\xDF\x13"s + bigEndian(std::uint64_t{1} << 63, 8)), std::nullopt);
 }
 
 TEST(BinaryPropertyListReader, AUIDIsADictionary) {

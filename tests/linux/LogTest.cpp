@@ -50,6 +50,8 @@ TEST(LogLine, ShowsBreaksAndControlCharactersAsEscapes) {
   EXPECT_EQ(harmlessLine("a\nb\rc\td", 100), "a\\nb\\rc\\td");
   EXPECT_EQ(harmlessLine(std::string_view("\0\x1b[31m\x7f", 7), 100), "\\x00\\x1b[31m\\x7f");
   EXPECT_EQ(harmlessLine("\u0085\u009b\u2028\u2029", 100), "\\u0085\\u009b\\u2028\\u2029");
+  EXPECT_EQ(harmlessLine("\x1f~\u0080\u009f", 100), "\\x1f~\\u0080\\u009f");
+  EXPECT_EQ(harmlessLine(" \u00a0\u2027\u202f", 100), " \u00a0\u2027\u202f");
 }
 
 TEST(LogLine, ShowsWhatTurnsTheDirectionOfTextAsEscapes) {

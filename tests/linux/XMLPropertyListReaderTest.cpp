@@ -299,6 +299,39 @@ TEST(XMLPropertyListReader, MillionsOfAttributesTakeNoMemory) {
   EXPECT_LT(memory.growth(), std::uint64_t{2} << 20);
 }
 
+TEST(XMLPropertyListReader, ATagMayHaveTwoHundredAndFiftySixCharactersInAnyEncoding) {
+  const auto document = [](std::size_t lengthOfTag) {
+    const std::string start = "<plist version='";
+    return start + std::string(lengthOfTag - start.size() - 2, '1') + "'><true/></plist>";
+  };
+  const auto wide = [](std::string_view mark, bool isBigEnd, std::string_view text) {
+    std::string bytes(mark);
+    for (const char c : text) isBigEnd ? bytes.append({'\0', c}) : bytes.append({c, '\0'});
+    return bytes;
+  };
+  const auto expectLimit = [](const std::string& longest, const std::string& tooLong) {
+    EXPECT_EQ(readXMLPropertyList(longest), PropertyListValue(true));
+    EXPECT_EQ(readXMLPropertyList(tooLong), std::nullopt);
+  };
+  const std::string longest = document(256), tooLong = document(257);
+
+  expectLimit(longest, tooLong);
+  expectLimit(wide("\xFE\xFF", true, longest), wide("\xFE\xFF", true, tooLong));
+  expectLimit(wide("\xFF\xFE", false, longest), wide("\xFF\xFE", false, tooLong));
+  expectLimit(wide("", true, longest), wide("", true, tooLong));
+  expectLimit(wide("", false, longest), wide("", false, tooLong));
+  expectLimit("<!---->" + longest, "<!---->" + tooLong);
+}
+
+TEST(XMLPropertyListReader, WhatIsNoTagMayBeLong) {
+  const std::string text(1'000, 'x');
+  const std::string plist = "<plist><true/></plist>";
+
+  EXPECT_EQ(readXMLPropertyList("<?note " + text + "?>" + plist), PropertyListValue(true));
+  EXPECT_EQ(readXMLPropertyList("<!DOCTYPE plist PUBLIC \"" + text + "\" \"x\">" + plist),
+            PropertyListValue(true));
+}
+
 TEST(XMLPropertyListReader, ACommentOrRawTextMayBeLongAndHoldWhatLooksLikeATag) {
   const std::string text = "<" + std::string(1'000, 'x');
 
