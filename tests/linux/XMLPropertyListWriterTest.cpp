@@ -87,6 +87,8 @@ TEST(XMLPropertyListWriter, BreaksDataIntoLines) {
   const std::string text = body(Data{std::string(60, '\0')});
 
   EXPECT_EQ(text, "<data>\n" + std::string(76, 'A') + "\nAAAA\n</data>\n");
+  EXPECT_EQ(body(Data{std::string(57, '\0')}), "<data>\n" + std::string(76, 'A') + "\n</data>\n");
+  EXPECT_EQ(body(Data{}), "<data>\n</data>\n");
 }
 
 TEST(XMLPropertyListWriter, RefusesWhatTheFormCannotHold) {
@@ -116,16 +118,19 @@ TEST(XMLPropertyListWriter, RefusesWhatTheFormCannotHold) {
 }
 
 TEST(XMLPropertyListWriter, WritesExactlyTheDepthThatIsRead) {
-  const auto nested = [](int depth) {
-    PropertyListValue value = Dictionary();
+  const auto nested = [](int depth, PropertyListValue value) {
     for (int i = 1; i < depth; ++i) value = PropertyListValue(Array{std::move(value)});
     return value;
   };
-  const PropertyListValue deepest = nested(PropertyListSerialization::kMaximumDepth);
+  constexpr int kDepth = PropertyListSerialization::kMaximumDepth;
 
-  EXPECT_EQ(readXMLPropertyList(writeXMLPropertyList(deepest).value()), deepest);
-  EXPECT_EQ(writeXMLPropertyList(nested(PropertyListSerialization::kMaximumDepth + 1)),
-            std::nullopt);
+  for (const PropertyListValue& innermost :
+       {PropertyListValue(Dictionary()), PropertyListValue(Array()),
+        PropertyListValue(Dictionary{{"k", 1}})}) {
+    const PropertyListValue deepest = nested(kDepth, innermost);
+    EXPECT_EQ(readXMLPropertyList(writeXMLPropertyList(deepest).value()), deepest);
+    EXPECT_EQ(writeXMLPropertyList(nested(kDepth + 1, innermost)), std::nullopt);
+  }
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "preferences/PSSegmentTableCell.h"
 #include "preferences/PSSliderTableCell.h"
 #include "preferences/PSSwitchTableCell.h"
+#include "preferences/PSTableCellFactory.h"
 #include "tests/preferences/ListPageTest.h"
 #include "tests/uikit/KitTest.h"
 
@@ -327,6 +328,18 @@ TEST_F(PSTableCellTest, ALabelLeavesItsFieldMoreThanHalfOfTheRow) {
   EXPECT_EQ(shown->frame().size.height, 104);
 }
 
+TEST_F(PSTableCellTest, ALabelWrapsAtItsShareOfTheRoomBetweenTheMargins) {
+  const std::string text(39, 'x');
+  const auto page = showTestPage({row("PSEditTextCell", "A", {{"label", text}})});
+  const UILabel& label = *cell(*page, "A")->textLabel();
+  const auto heightIn = [&](double width) {
+    return measurer.sizeOfText(text, label.font(), width * 0.45, 0).height;
+  };
+
+  EXPECT_EQ(label.frame().size.height, heightIn(288 - 2 * 16));
+  EXPECT_NE(heightIn(288 - 2 * 16), heightIn(288 - 3 * 16));
+}
+
 TEST_F(PSTableCellTest, ALabelAndItsControlStandSideBySideInTheMiddleOfTheRow) {
   const auto page = showTestPage({row("PSEditTextCell", "A", {{"height", 60}})});
 
@@ -403,6 +416,15 @@ TEST_F(PSTableCellTest, AClassThatFailsCostsNoMoreThanItsRow) {
   EXPECT_TRUE(cell<PSSwitchTableCell>(*page, "B"));
   EXPECT_THAT(platform.log.lines,
               testing::Contains("[Frelta] Uncaught exception from FailingCell: no picture"));
+}
+
+TEST_F(PSTableCellTest, AClassThatNobodyRegisteredLeavesTheRowItsKind) {
+  const auto row = std::make_shared<PSSpecifier>(PSCellType::PSSwitchCell, "A");
+  row->setCellClass("NoSuchCell");
+
+  const auto made = tableCellForSpecifier(row, PSClassRegistry());
+
+  EXPECT_TRUE(dynamic_cast<PSSwitchTableCell*>(made.get()));
 }
 
 TEST_F(PSTableCellTest, AStaticTextIsSmallAndGrey) {
