@@ -22,8 +22,9 @@ QString joined(const QString& folder, std::string_view name) {
 }  // namespace
 
 QString LoadedBundle::defaultFolder() {
-  return QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                         QStringLiteral("/" FRELTA_BUNDLE_FROM_BINARY));
+  // As QCoreApplication finds it, which is not there yet when the command line is judged.
+  const QString program = QFile::symLinkTarget(QStringLiteral("/proc/self/exe"));
+  return QDir::cleanPath(QFileInfo(program).path() + QStringLiteral("/" FRELTA_BUNDLE_FROM_BINARY));
 }
 
 std::unique_ptr<LoadedBundle> LoadedBundle::load(const QString& folder, QString& error) {

@@ -23,14 +23,19 @@ struct Options {
   QString styleToInstall;
   /// Whether it takes the place of a style of its name.
   bool replace = false;
+  /// Only a text is asked for, and nothing else counts.
+  bool help = false;
+  bool version = false;
 
-  /// Reads the arguments, the program's own name first. On a mistake it returns nothing and puts a
-  /// line that says what is wrong in error. "--help" and "--version" print their text to the
-  /// standard output and end the process.
+  /// Reads the arguments, the program's own name first; those that Qt takes are passed over. On a
+  /// mistake it returns nothing and puts a line that says what is wrong in error. Without an
+  /// application object that line is in English.
   static std::optional<Options> parse(const QStringList& arguments, QString& error);
 
-  /// Whether the arguments ask for something that needs no display.
-  static bool areForTerminal(const QStringList& arguments);
+  /// What "--help" prints. Needs an application object.
+  static QString helpText();
+  /// What "--version" prints.
+  static QString versionText();
 
   /// $XDG_DATA_HOME/frelta, by the XDG base directory rules.
   static QString defaultRoot();

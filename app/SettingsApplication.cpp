@@ -4,6 +4,7 @@
 
 #include "app/BundledFiles.h"
 #include "app/DeviceFolders.h"
+#include "app/FirstPage.h"
 #include "app/LoadedBundle.h"
 #include "preferences/PSListController.h"
 #include "quick/EventGuard.h"
@@ -36,12 +37,7 @@ bool SettingsApplication::open(const QString& bundleFolder, QString& error) {
   createDeviceFolders();
   bundle_ = LoadedBundle::load(bundleFolder, error);
   if (!bundle_) return false;
-  const auto* factory = bundle_->classes().controller(bundle_->info().principalClass);
-  std::shared_ptr<UIViewController> page = (*factory)();
-  if (auto* controller = dynamic_cast<PSController*>(page.get())) {
-    controller->setBundle(bundle_.get());
-    controller->setRootController(page);
-  }
+  const std::shared_ptr<UIViewController> page = makeFirstPage(*bundle_);
   navigation_ = std::make_shared<UINavigationController>();
   guardEvent([&] { navigation_->pushViewController(page, false); });
   window_ = std::make_unique<QuickWindow>(navigation_, appearance_);
@@ -60,7 +56,7 @@ bool SettingsApplication::openPage(const QString& rowIdentifier) {
   const auto width = std::min<double>(window_->width(), QuickWindow::kMaximumColumnWidth);
   window_->uiWindow().setFrame({0, 0, width, static_cast<double>(window_->height())});
   window_->mirror().flush();
-  const auto row = page->specifierForID(rowIdentifier.toStdString());
+  const auto row = rowToPage(*page, rowIdentifier);
   const auto path = row ? page->indexPathForSpecifier(*row) : std::nullopt;
   if (!path) return false;
   page->table().scrollToRowAtIndexPath(*path);

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QTemporaryDir>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "app/HostPlatform.h"
@@ -12,11 +13,13 @@
 #include "app/LoadedBundle.h"
 #include "app/Options.h"
 #include "app/SettingsApplication.h"
+#include "app/StartChecks.h"
 #include "app/StyleDrop.h"
 #include "app/TerminalText.h"
 #include "app/Tour.h"
 #include "app/Translations.h"
 #include "app/WindowState.h"
+#include "app/WindowSystem.h"
 #include "quick/RenderBackend.h"
 
 namespace {
@@ -42,53 +45,75 @@ class MainTexts {
   Q_DECLARE_TR_FUNCTIONS(MainTexts)
 };
 
-std::optional<Options> parseOptions(QString& error) {
-  QCoreApplication::setApplicationName(QStringLiteral("frelta-settings"));
-  installTranslations();
-  auto options = Options::parse(QCoreApplication::arguments(), error);
-  if (!options) error += QLatin1Char('\n') + MainTexts::tr("Try --help.");
-  return options;
+/// What the command line asks for, or why it cannot be done.
+struct Start {
+  Options options;
+  std::optional<StartFailure> failure;
+
+  bool needsWindow() const {
+    return !failure && !options.help && !options.version && options.styleToInstall.isEmpty();
+  }
+};
+
+Start judge(const QStringList& arguments) {
+  QString error;
+  auto options = Options::parse(arguments, error);
+  if (!options)
+    return {{}, StartFailure{error + QLatin1Char('\n') + MainTexts::tr("Try --help."), 2}};
+  Start start{std::move(*options), std::nullopt};
+  if (!start.needsWindow()) return start;
+  // A tour changes settings, so it gets a root that nobody needs.
+  if (start.options.root.isEmpty() && start.options.tourFolder.isEmpty())
+    start.options.root = Options::defaultRoot();
+  if (!start.options.root.isEmpty()) start.failure = checkRoot(start.options.root);
+  if (!start.failure && !start.options.page.isEmpty())
+    start.failure =
+        checkPage(start.options.page, LoadedBundle::defaultFolder(), start.options.root);
+  return start;
 }
 
 int runOnTerminal(int argc, char** argv) {
   const QCoreApplication application(argc, argv);
-  QString error;
-  const auto options = parseOptions(error);
-  return options ? runInstallCommand(*options) : fail(error, 2);
+  installTranslations();
+  // Once more, now that there is an application object for what is said to be translated.
+  const Start start = judge(QCoreApplication::arguments());
+  if (start.failure) return fail(start.failure->text, start.failure->status);
+  if (start.options.help) {
+    std::fputs(qPrintable(Options::helpText()), stdout);
+    return 0;
+  }
+  if (start.options.version) {
+    std::puts(qPrintable(Options::versionText()));
+    return 0;
+  }
+  return runInstallCommand(start.options);
 }
 
-int runInWindow(int argc, char** argv) {
+int runInWindow(int argc, char** argv, const Options& options) {
   forgetChildren();
-  QGuiApplication application(argc, argv);
+  const auto application = connectToWindowSystem(argc, argv);
+  installTranslations();
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Frelta"));
   QGuiApplication::setDesktopFileName(QStringLiteral("com.tarno.frelta"));
   QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("com.tarno.frelta")));
   followReadingDirection();
-
-  QString error;
-  const auto options = parseOptions(error);
-  if (!options) return fail(error, 2);
   chooseRenderBackend();
 
-  // A tour changes settings, so it gets a root that nobody needs.
+  const bool tour = !options.tourFolder.isEmpty();
   QTemporaryDir tourRoot;
-  const bool tour = !options->tourFolder.isEmpty();
-  const QString root = !options->root.isEmpty() ? options->root
-                       : tour                   ? tourRoot.path()
-                                                : Options::defaultRoot();
-  Appearance appearance(options->appearance);
+  const QString root = options.root.isEmpty() ? tourRoot.path() : options.root;
+  Appearance appearance(options.appearance);
   HostPlatform host(root.toStdString(), appearance);
   SettingsApplication settings(host.platform(), host.graphicsServices(), host.uiKitServices(),
                                appearance);
+  QString error;
   if (!settings.open(LoadedBundle::defaultFolder(), error)) return fail(error, 1);
-  if (!options->page.isEmpty() && !settings.openPage(options->page)) {
-    return fail(MainTexts::tr("There is no page \"%1\".").arg(options->page), 2);
-  }
+  if (!options.page.isEmpty()) settings.openPage(options.page);
   // A tour's pictures are all of one size.
   const WindowState state(WindowState::defaultFile());
   if (!tour) state.restore(*settings.window());
   settings.window()->show();
-  if (tour) return Tour(settings, options->tourFolder).run() ? 0 : 1;
+  if (tour) return Tour(settings, options.tourFolder).run() ? 0 : 1;
   const StyleDrop drop(*settings.window(), *settings.navigationController(), root.toStdString());
   const int status = QGuiApplication::exec();
   state.save(*settings.window());
@@ -98,6 +123,12 @@ int runInWindow(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QStringList arguments(argv + 1, argv + argc);
-  return Options::areForTerminal(arguments) ? runOnTerminal(argc, argv) : runInWindow(argc, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("frelta-settings"));
+  // Judged without an application object: where one of the terminal's had been, Qt would have taken
+  // away what makes a window's items accessible.
+  QStringList arguments;
+  for (const char* argument : std::span(argv, argc))
+    arguments.append(QString::fromLocal8Bit(argument));
+  const Start start = judge(arguments);
+  return start.needsWindow() ? runInWindow(argc, argv, start.options) : runOnTerminal(argc, argv);
 }

@@ -33,10 +33,6 @@
         <source>Try --help.</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <source>There is no page &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>OptionTexts</name>
@@ -239,9 +235,31 @@ Shows the pages and writes the settings under a device root.</source>
     </message>
 </context>
 <context>
+    <name>StartTexts</name>
+    <message>
+        <source>Settings cannot be written under %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no page &quot;%1&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>TextField</name>
     <message>
         <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>WindowSystem</name>
+    <message>
+        <source>There is no display to open a window on.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No window can be opened: %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -33,10 +33,6 @@
         <source>Try --help.</source>
         <translation>--help zeigt, was möglich ist.</translation>
     </message>
-    <message>
-        <source>There is no page &quot;%1&quot;.</source>
-        <translation>Es gibt keine Seite „%1“.</translation>
-    </message>
 </context>
 <context>
     <name>OptionTexts</name>
@@ -240,10 +236,32 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     </message>
 </context>
 <context>
+    <name>StartTexts</name>
+    <message>
+        <source>Settings cannot be written under %1: %2</source>
+        <translation>Unter %1 können keine Einstellungen gespeichert werden: %2</translation>
+    </message>
+    <message>
+        <source>There is no page &quot;%1&quot;.</source>
+        <translation>Es gibt keine Seite „%1“.</translation>
+    </message>
+</context>
+<context>
     <name>TextField</name>
     <message>
         <source>Clear</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>WindowSystem</name>
+    <message>
+        <source>There is no display to open a window on.</source>
+        <translation>Es gibt keine Anzeige, auf der sich ein Fenster öffnen ließe.</translation>
+    </message>
+    <message>
+        <source>No window can be opened: %1</source>
+        <translation>Es lässt sich kein Fenster öffnen: %1</translation>
     </message>
 </context>
 <context>

@@ -40,12 +40,23 @@ TEST(Options, SystemAppearanceFollowsTheDesktop) {
   EXPECT_FALSE(options->appearance);
 }
 
-TEST(Options, NeedNoDisplayToPrintOrInstall) {
-  for (const char* alone :
-       {"-h", "--help", "-v", "--version", "--install-style", "--install-style=a"})
-    EXPECT_TRUE(Options::areForTerminal({QString::fromLatin1(alone)})) << alone;
-  EXPECT_FALSE(Options::areForTerminal({}));
-  EXPECT_FALSE(Options::areForTerminal({QStringLiteral("--tour"), QStringLiteral("out")}));
+TEST(Options, PassOverWhatQtTakesForItself) {
+  const auto options =
+      parse({QStringLiteral("-platform"), QStringLiteral("xcb"), QStringLiteral("--display"),
+             QStringLiteral(":1"), QStringLiteral("--page"), QStringLiteral("Settings"),
+             QStringLiteral("-reverse"), QStringLiteral("--qwindowtitle")});
+
+  ASSERT_TRUE(options);
+  EXPECT_EQ(options->page, QStringLiteral("Settings"));
+}
+
+TEST(Options, KeepValuesThatLookLikeQtsOptions) {
+  const auto options = parse({QStringLiteral("--root"), QStringLiteral("platform"),
+                              QStringLiteral("--page"), QStringLiteral("reverse")});
+
+  ASSERT_TRUE(options);
+  EXPECT_EQ(options->root, QStringLiteral("platform"));
+  EXPECT_EQ(options->page, QStringLiteral("reverse"));
 }
 
 TEST(Options, SayWhatIsWrong) {

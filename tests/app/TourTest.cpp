@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <set>
 
+#include "app/HostPlatform.h"
 #include "tests/support/PrivateBus.h"
 
 namespace frelta {
@@ -49,21 +50,16 @@ TEST(Tour, GoesWellFromRightToLeft) {
   EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardOutput().toStdString();
 }
 
-TEST(Program, StartsByRemovingWhatAWriteLeftThatWasCutShort) {
+TEST(HostPlatform, BeginsByRemovingWhatAWriteLeftThatWasCutShort) {
   QTemporaryDir root;
   const QString folder = root.filePath(QStringLiteral("var/mobile/Library/Preferences"));
   ASSERT_TRUE(QDir().mkpath(folder));
   QFile litter(folder + QStringLiteral("/.frelta-writing-0123456789abcdef"));
   ASSERT_TRUE(litter.open(QIODevice::WriteOnly));
-  QProcess program;
-  // A wrong page name ends the program before anything is written.
-  program.start(QStringLiteral(FRELTA_SETTINGS_BINARY),
-                {QStringLiteral("--root"), root.path(), QStringLiteral("--page"),
-                 QStringLiteral("NoSuchRow")});
+  const Appearance appearance(UserInterfaceStyle::Light);
 
-  ASSERT_TRUE(program.waitForFinished(60000));
+  const HostPlatform host(root.path().toStdString(), appearance);
 
-  EXPECT_EQ(program.exitCode(), 2);
   EXPECT_EQ(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList());
 }
 
