@@ -10,7 +10,8 @@ namespace frelta {
 /// Property-list files, through the installed Platform. Paths are device paths.
 
 /// The file's dictionary. Nothing when the file is missing, unreadable, malformed, larger than
-/// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary.
+/// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary; the last
+/// bytes that were refused are not read a second time.
 std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path);
 
 /// Replaces the file with the value's XML form, or its binary one where XML cannot carry it,

@@ -47,6 +47,17 @@ class MemoryFiles : public FileManager {
   mutable std::uint64_t largestRead = 0;
 };
 
+/// Counts the documents that were judged.
+class CountedPropertyLists : public LinuxPropertyListSerialization {
+ public:
+  std::optional<PropertyListValue> propertyListWithData(std::string_view bytes) const override {
+    ++judged;
+    return LinuxPropertyListSerialization::propertyListWithData(bytes);
+  }
+
+  mutable int judged = 0;
+};
+
 class PropertyListFiles : public testing::Test {
  protected:
   PropertyListFiles() {
@@ -58,7 +69,7 @@ class PropertyListFiles : public testing::Test {
   ~PropertyListFiles() override { Platform::install({}); }
 
   MemoryFiles files;
-  LinuxPropertyListSerialization propertyLists;
+  CountedPropertyLists propertyLists;
 };
 
 TEST_F(PropertyListFiles, WhatIsWrittenReadsBack) {
@@ -70,6 +81,25 @@ TEST_F(PropertyListFiles, WhatIsWrittenReadsBack) {
   EXPECT_EQ(dictionaryWithContentsOfFile("/settings.plist"), settings);
   EXPECT_EQ(files.writes, 1);
   EXPECT_EQ(files.reads, 1);
+}
+
+TEST_F(PropertyListFiles, AFileThatCannotBeReadIsJudgedOnceForAllTheRowsOfAPage) {
+  files.files["/damaged.plist"] = "<plist><dict><key>of this test</key>";
+
+  for (int row = 0; row < 21; ++row) dictionaryWithContentsOfFile("/damaged.plist");
+
+  EXPECT_EQ(propertyLists.judged, 1);
+  EXPECT_EQ(files.reads, 21);
+}
+
+TEST_F(PropertyListFiles, AFileThatWasDamagedIsReadOnceItIsWhole) {
+  files.files["/settings.plist"] = "<plist><dict>";
+  dictionaryWithContentsOfFile("/settings.plist");
+  files.files["/settings.plist"] = "<plist><dict/></plist>";
+
+  const auto whole = dictionaryWithContentsOfFile("/settings.plist");
+
+  EXPECT_EQ(whole, Dictionary{});
 }
 
 TEST_F(PropertyListFiles, AFileThatIsMissingOrMalformedHasNoDictionary) {
