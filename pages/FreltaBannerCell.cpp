@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "device/Paths.h"
+#include "foundation/MakeBeside.h"
 #include "foundation/Platform.h"
 #include "graphics/GraphicsServices.h"
 
@@ -20,6 +21,16 @@ constexpr double kGap = 5;
 constexpr double kTitleSize = 35;
 constexpr double kSubTitleSize = 16;
 
+std::shared_ptr<const UIImage> rounded(const std::shared_ptr<const UIImage>& image, double radius,
+                                       double scale) {
+  if (!image || radius == 0) return image;
+  const CGRect bounds({}, image->size());
+  const auto context = GraphicsServices::current().images->beginImageContext(bounds.size, scale);
+  context->clipToRoundedRect(bounds, radius);
+  context->drawImage(*image, bounds);
+  return context->image();
+}
+
 }  // namespace
 
 std::unique_ptr<FreltaBannerCell> FreltaBannerCell::initWithSpecifier(
@@ -35,11 +46,6 @@ FreltaBannerCell::FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier)
 
   auto icon = std::make_unique<UIImageView>(CGRect(0, kIconTop, width, kIconHeight));
   icon->setContentMode(UIViewContentMode::ScaleAspectFit);
-  unmaskedImage_ = UIImage::imageWithContentsOfFile(kBannerIconPath);
-  if (unmaskedImage_) {
-    icon->setImage(
-        roundedRectImageFromImage(unmaskedImage_, unmaskedImage_->size().width * kIconRadiusShare));
-  }
   icon->setAutoresizingMask(UIViewAutoresizingFlexibleWidth);
 
   const double titleTop = static_cast<float>(icon->frame().size.height + kIconTop) + float{kGap};
@@ -51,6 +57,37 @@ FreltaBannerCell::FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier)
   mainTitleLabel_ = addSubview(std::move(title));
   subTitleLabel_ = addSubview(std::move(subTitle));
   bannerView_ = addSubview(std::move(icon));
+  loadIcon();
+}
+
+void FreltaBannerCell::loadIcon() {
+  const std::shared_ptr<const void> wanted = std::make_shared<const bool>();
+  wanted_ = wanted;
+  makeBeside<Icon>(
+      Platform::current().workQueue, wanted,
+      [scale = Platform::current().system->screenScale()] { return iconAtScale(scale); },
+      [this](const Icon& icon) {
+        wanted_.reset();
+        lastIcon() = icon;
+        showIcon(icon);
+      });
+  if (wanted_ == wanted) showIcon(lastIcon());
+}
+
+void FreltaBannerCell::showIcon(const Icon& icon) {
+  unmaskedImage_ = icon.unmasked;
+  bannerView_->setImage(icon.rounded);
+}
+
+FreltaBannerCell::Icon& FreltaBannerCell::lastIcon() {
+  static Icon icon;
+  return icon;
+}
+
+FreltaBannerCell::Icon FreltaBannerCell::iconAtScale(double scale) {
+  const auto image = UIImage::imageWithContentsOfFile(kBannerIconPath);
+  if (!image) return {};
+  return {image, rounded(image, image->size().width * kIconRadiusShare, scale)};
 }
 
 std::unique_ptr<UILabel> FreltaBannerCell::makeLabel(double top, double fontSize,
@@ -68,13 +105,7 @@ std::unique_ptr<UILabel> FreltaBannerCell::makeLabel(double top, double fontSize
 
 std::shared_ptr<const UIImage> FreltaBannerCell::roundedRectImageFromImage(
     const std::shared_ptr<const UIImage>& image, double radius) {
-  if (!image || radius == 0) return image;
-  const CGRect bounds({}, image->size());
-  const auto context = GraphicsServices::current().images->beginImageContext(
-      bounds.size, Platform::current().system->screenScale());
-  context->clipToRoundedRect(bounds, radius);
-  context->drawImage(*image, bounds);
-  return context->image();
+  return rounded(image, radius, Platform::current().system->screenScale());
 }
 
 std::optional<double> FreltaBannerCell::preferredHeightForWidth(double) const {

@@ -17,7 +17,7 @@ class FreltaBannerCell : public PSTableCell {
 
   UILabel* mainTitleLabel() const { return mainTitleLabel_; }
   UILabel* subTitleLabel() const { return subTitleLabel_; }
-  /// The icon as it was loaded; null when there is none.
+  /// The icon as it was loaded; null when there is none, and until it is there.
   const std::shared_ptr<const UIImage>& unmaskedImage() const { return unmaskedImage_; }
   UIImageView* bannerView() const { return bannerView_; }
 
@@ -38,6 +38,17 @@ class FreltaBannerCell : public PSTableCell {
   UIAccessibility accessibility() const override;
 
  private:
+  struct Icon {
+    std::shared_ptr<const UIImage> unmasked;
+    std::shared_ptr<const UIImage> rounded;
+  };
+
+  /// Touches nothing of the main thread's.
+  static Icon iconAtScale(double scale);
+  /// The one that was last shown: a page that is loaded anew has it from the start.
+  static Icon& lastIcon();
+  void loadIcon();
+  void showIcon(const Icon& icon);
   explicit FreltaBannerCell(std::shared_ptr<PSSpecifier> specifier);
   /// A centred line at that height, as wide as the cell.
   std::unique_ptr<UILabel> makeLabel(double top, double fontSize, std::string text) const;
@@ -47,6 +58,8 @@ class FreltaBannerCell : public PSTableCell {
   UILabel* subTitleLabel_;
   UIImageView* bannerView_;
   std::shared_ptr<const UIImage> unmaskedImage_;
+  /// While the icon is awaited.
+  std::shared_ptr<const void> wanted_;
   // Reserved: set by nobody.
   UILabel* subSubTitleLabel_ = nullptr;
   std::shared_ptr<void> prevRadiusRequest_;

@@ -19,7 +19,7 @@ void storePicture(const UIImage& picture) {
   files.createDirectoryAtPath(kUserImagesFolder);
   if (const auto png = UIImagePNGRepresentation(picture)) {
     files.writeAtomically(kBackgroundImagePath, *png);
-    keepPreview(*png, picture);
+    keepPreview(std::string(kBackgroundImagePath), *png, picture);
   }
   writeSetting(keys::kBackgroundImage, std::string(kBackgroundImagePath));
 }
@@ -98,6 +98,11 @@ void FreltaImageCell::didFinishPickingMediaWithInfo(UIImagePickerController& pic
 }
 
 void FreltaImageCell::setCurrentImage(std::shared_ptr<const UIImage> image) {
+  wanted_.reset();
+  showImage(std::move(image));
+}
+
+void FreltaImageCell::showImage(std::shared_ptr<const UIImage> image) {
   imageView()->setImage(std::move(image));
   setNeedsLayout();
 }
@@ -106,7 +111,15 @@ void FreltaImageCell::loadImageFromDict() {
   const Dictionary settings = settingsOnDisk();
   const PropertyListValue* path = valueForKey(settings, keys::kBackgroundImage);
   if (!path || !path->string()) return;
-  if (auto preview = previewOfPictureAtPath(*path->string())) setCurrentImage(std::move(preview));
+  if (!wanted_) shownBefore_ = imageView()->image();
+  const std::shared_ptr<const void> wanted = std::make_shared<const bool>();
+  wanted_ = wanted;
+  loadPreviewOfPictureAtPath(*path->string(), wanted,
+                             [this](std::shared_ptr<const UIImage> preview) {
+                               setCurrentImage(preview ? std::move(preview) : shownBefore_);
+                             });
+  if (wanted_ != wanted) return;
+  if (auto standIn = lastPreviewOfPictureAtPath(*path->string())) showImage(std::move(standIn));
 }
 
 }  // namespace frelta

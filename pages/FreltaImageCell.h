@@ -35,8 +35,9 @@ class FreltaImageCell : public PSTableCell, public UIImagePickerControllerDelega
 
   /// Shows the image before the row's label.
   void setCurrentImage(std::shared_ptr<const UIImage> image);
-  /// Shows the picture that the settings file names, past the manager's cache. What is shown stays
-  /// when none is named, or it cannot be read.
+  /// Shows the picture that the settings file names, past the manager's cache, once it is read, and
+  /// meanwhile what was last known of it. What is shown stays when none is named, or it cannot be
+  /// read.
   void loadImageFromDict();
 
   /// Only kept.
@@ -44,12 +45,18 @@ class FreltaImageCell : public PSTableCell, public UIImagePickerControllerDelega
   void setOptions(std::optional<Dictionary> options) { options_ = std::move(options); }
 
  private:
+  void showImage(std::shared_ptr<const UIImage> image);
+
   // Reserved: set by nobody.
   UIImageView* imagePreviewView_ = nullptr;
   UILabel* cellLabel_ = nullptr;
   std::optional<Dictionary> options_;
   /// The picker that is open, if any.
   std::weak_ptr<UIImagePickerController> picker_;
+  /// While a picture is awaited.
+  std::shared_ptr<const void> wanted_;
+  /// What stays when it cannot be read.
+  std::shared_ptr<const UIImage> shownBefore_;
   /// Gone when the cell is.
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };

@@ -67,9 +67,36 @@ void FreltaStyleCell::fillHeader() {
   headerView_->setStyleGroup(group);
   headerView_->setTitleText(titleOf(group));
   headerView_->setSubtitleText(subtitleOf(group));
-  headerView_->setIconImage(group ? group->generateIcon() : nullptr);
+  loadHeaderIcon();
   headerView_->updateButtonState(group ? group->enabledState() : FreltaEnabledStateNone);
   didChange();
+}
+
+void FreltaStyleCell::loadHeaderIcon() {
+  if (!sortedStyleItem_) {
+    headerView_->setIconImage(nullptr);
+    return;
+  }
+  const auto* style = styleOf(sortedStyleItem_);
+  const std::string path = style ? style->fullPath().value_or("") : "";
+  const auto selector = FreltaThemeSelectorViewController::current();
+  headerView_->loadIconImage(
+      [&](std::weak_ptr<const void> wanted, const IconHandler& done) {
+        sortedStyleItem_->loadIcon(
+            std::move(wanted),
+            [path, done, shownBy = std::weak_ptr(selector)](std::shared_ptr<const UIImage> icon) {
+              if (const auto shown = shownBy.lock()) shown->iconStandIns().keep(path, icon);
+              done(std::move(icon));
+            });
+      },
+      selector ? selector->iconStandIns().standIn(path) : nullptr);
+}
+
+void FreltaStyleCell::setPlaceholder(const std::shared_ptr<const UIImage>& placeholder) {
+  if (headerView_) headerView_->setStandIn(placeholder);
+  if (!subCellsView_) return;
+  for (const auto& row : subCellsView_->subviews())
+    static_cast<FreltaStyleSubCell&>(*row).contentView()->setStandIn(placeholder);
 }
 
 void FreltaStyleCell::selectInTable() const {

@@ -40,6 +40,8 @@ class FreltaStyleCell : public UITableViewCell {
   void updateSubCells();
   /// Shows the state of the group, animated.
   void updateHeaderCell();
+  /// Shows the placeholder where icons are awaited that have nothing to stand in for them.
+  void setPlaceholder(const std::shared_ptr<const UIImage>& placeholder);
 
   void prepareForReuse() override;
   void layoutSubviews() override;
@@ -57,6 +59,7 @@ class FreltaStyleCell : public UITableViewCell {
 
  private:
   void fillHeader();
+  void loadHeaderIcon();
   void addHeaderView();
   void addSubCells();
   void fillSubCell(FreltaStyleSubCell& row, const std::shared_ptr<FreltaStyleItem>& item) const;

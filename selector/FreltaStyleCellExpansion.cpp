@@ -1,9 +1,11 @@
 #include <memory>
 #include <typeinfo>
+#include <utility>
 
 #include "foundation/Platform.h"
 #include "selector/FreltaStyleCell.h"
 #include "selector/FreltaStyleSubCell.h"
+#include "selector/FreltaThemeSelectorViewController.h"
 #include "styles/FreltaSortedStyle.h"
 #include "uikit/UITableViewCellReorderControl.h"
 
@@ -90,12 +92,18 @@ void FreltaStyleCell::fillSubCell(FreltaStyleSubCell& row,
   view.setTitleText(item->fulltitle());
   view.setTitleText(item->identifier());
 
-  auto icon = item->generateIcon();
-  if (!icon) {
-    if (const auto* style = dynamic_cast<FreltaSortedStyle*>(sortedStyleItem_.get()))
-      icon = style->styleLogo();
-  }
-  view.setIconImage(std::move(icon));
+  const auto style = std::dynamic_pointer_cast<FreltaSortedStyle>(sortedStyleItem_);
+  const auto selector = FreltaThemeSelectorViewController::current();
+  view.loadIconImage(
+      [&](const std::weak_ptr<const void>& wanted, const IconHandler& done) {
+        item->loadIcon(wanted, [style, wanted, done](std::shared_ptr<const UIImage> icon) {
+          if (icon || !style)
+            done(std::move(icon));
+          else
+            style->loadStyleLogo(wanted, done);
+        });
+      },
+      selector ? selector->iconStandIns().placeholder() : nullptr);
   view.iconImageView()->setHidden(false);
 
   UIView& card = *view.contentView();

@@ -114,7 +114,20 @@ void FreltaStyleContentsCell::setSubtitleText(const std::optional<std::string>& 
 }
 
 void FreltaStyleContentsCell::setIconImage(std::shared_ptr<const UIImage> image) {
+  awaitedIcon_.reset();
   iconImageView_->setImage(std::move(image));
+}
+
+void FreltaStyleContentsCell::loadIconImage(const IconLoad& load,
+                                            std::shared_ptr<const UIImage> standIn) {
+  const std::shared_ptr<const void> awaited = std::make_shared<const bool>();
+  awaitedIcon_ = awaited;
+  load(awaited, [this](std::shared_ptr<const UIImage> icon) { setIconImage(std::move(icon)); });
+  if (awaitedIcon_ == awaited) iconImageView_->setImage(std::move(standIn));
+}
+
+void FreltaStyleContentsCell::setStandIn(std::shared_ptr<const UIImage> standIn) {
+  if (awaitedIcon_ && !iconImageView_->image()) iconImageView_->setImage(std::move(standIn));
 }
 
 void FreltaStyleContentsCell::updateButtonState(std::int32_t state, bool animated) {

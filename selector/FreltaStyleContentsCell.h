@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,6 +49,13 @@ class FreltaStyleContentsCell : public UIView {
   void setSubtitleText(const std::optional<std::string>& text);
   /// Null for none. Does not show or hide the icon's view.
   void setIconImage(std::shared_ptr<const UIImage> image);
+  /// Has an icon loaded, and shows it once it is there, unless another was set or asked for
+  /// meanwhile. Until then the stand-in is shown; null for none.
+  using IconLoad = std::function<void(std::weak_ptr<const void> wanted,
+                                      std::function<void(std::shared_ptr<const UIImage>)> done)>;
+  void loadIconImage(const IconLoad& load, std::shared_ptr<const UIImage> standIn);
+  /// Shows another stand-in where the icon is still awaited and none is shown.
+  void setStandIn(std::shared_ptr<const UIImage> standIn);
   /// A FreltaEnabledState for the enable button.
   void updateButtonState(std::int32_t state, bool animated = true);
   /// Does nothing: the button is told apart by its state alone.
@@ -81,6 +89,8 @@ class FreltaStyleContentsCell : public UIView {
   UILabel* subtitleLabel_ = nullptr;
   FreltaToggleButton* enableButton_ = nullptr;
   FreltaEditButton* editButton_ = nullptr;
+  /// While the icon is awaited; who asked for it lets it go with the card.
+  std::shared_ptr<const void> awaitedIcon_;
 };
 
 }  // namespace frelta

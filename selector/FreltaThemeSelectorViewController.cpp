@@ -57,7 +57,13 @@ void FreltaThemeSelectorViewController::viewDidLoad() {
 
   view().setBackgroundColor(tableView_->backgroundColor());
   tableView_->setSeparatorColor(UIColor::clearColor());
+  iconStandIns_.loadPlaceholder([this] { showPlaceholder(); });
   loadStyles();
+}
+
+void FreltaThemeSelectorViewController::showPlaceholder() {
+  for (UITableViewCell* cell : tableView_->visibleCells())
+    static_cast<FreltaStyleCell*>(cell)->setPlaceholder(iconStandIns_.placeholder());
 }
 
 void FreltaThemeSelectorViewController::viewWillAppear(bool animated) {

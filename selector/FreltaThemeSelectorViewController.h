@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 
+#include "selector/IconStandIns.h"
 #include "selector/SelectorTable.h"
 #include "styles/FreltaStyleLibrary.h"
 #include "uikit/UITableView.h"
@@ -29,6 +30,9 @@ class FreltaThemeSelectorViewController : public UIViewController,
 
   /// Owned by the screen's view; null until that is loaded.
   UITableView* tableView() const { return tableView_; }
+
+  /// For cards whose icons are not there yet.
+  IconStandIns& iconStandIns() { return iconStandIns_; }
 
   /// Asks what to create; for HTML themes there is no choice.
   void addButtonTapped();
@@ -65,9 +69,11 @@ class FreltaThemeSelectorViewController : public UIViewController,
 
  private:
   const Entry& entryAt(IndexPath path) const;
+  void showPlaceholder();
 
   UITableView* tableView_ = nullptr;
   std::unique_ptr<SelectorTable> styleTable_;
+  IconStandIns iconStandIns_;
   /// Where the table is pinned, points; nothing sets it to a place.
   double currentScrollPos_ = -1.0;
 };

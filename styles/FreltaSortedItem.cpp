@@ -19,4 +19,8 @@ std::shared_ptr<const UIImage> FreltaSortedItem::generateIcon() {
   return std::make_shared<const UIImage>();
 }
 
+void FreltaSortedItem::loadIcon(std::weak_ptr<const void>, IconHandler done) {
+  done(generateIcon());
+}
+
 }  // namespace frelta

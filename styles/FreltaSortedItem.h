@@ -28,6 +28,9 @@ class FreltaSortedItem {
   virtual void updateEnabledState();
   /// The row's picture, never null; here one without content.
   virtual std::shared_ptr<const UIImage> generateIcon();
+  /// The same, beside the main thread where it takes long: hands the picture over unless `wanted`
+  /// has expired by then.
+  virtual void loadIcon(std::weak_ptr<const void> wanted, IconHandler done);
 
   /// Whether the row is opened into one row for each item.
   bool isExpanded() const { return isExpanded_; }

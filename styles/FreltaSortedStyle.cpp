@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "device/Paths.h"
 #include "foundation/Log.h"
+#include "foundation/MakeBeside.h"
 #include "foundation/Platform.h"
 #include "foundation/StringPaths.h"
 #include "styles/FreltaStyleSelector.h"
@@ -29,13 +31,40 @@ std::string logoPath(const std::string& folder) {
   return std::string(kPlaceholderPath);
 }
 
+std::function<std::shared_ptr<const UIImage>()> logoMakerOf(std::string path) {
+  return [path = std::move(path), scale = FreltaStyleSelector::screenScale()] {
+    const auto image = UIImage::imageWithContentsOfFile(path);
+    return image ? FreltaStyleSelector::maskImageWithPad(*image, true, scale) : nullptr;
+  };
+}
+
+void loadLogo(std::function<std::shared_ptr<const UIImage>()> maker,
+              std::weak_ptr<const void> wanted, IconHandler done) {
+  makeBeside<std::shared_ptr<const UIImage>>(Platform::current().workQueue, std::move(wanted),
+                                             std::move(maker), std::move(done));
+}
+
 }  // namespace
 
-std::shared_ptr<const UIImage> FreltaSortedStyle::styleLogo() const {
+std::function<std::shared_ptr<const UIImage>()> FreltaSortedStyle::logoMaker() const {
   freltaLog("self.fullPath: " + fullPath_.value_or("(null)"));
-  const auto image = UIImage::imageWithContentsOfFile(fullPath_ ? logoPath(*fullPath_)
-                                                                : std::string(kPlaceholderPath));
-  return image ? FreltaStyleSelector::maskImageWithPad(*image, true) : nullptr;
+  return logoMakerOf(fullPath_ ? logoPath(*fullPath_) : std::string(kPlaceholderPath));
+}
+
+std::shared_ptr<const UIImage> FreltaSortedStyle::styleLogo() const {
+  return logoMaker()();
+}
+
+void FreltaSortedStyle::loadStyleLogo(std::weak_ptr<const void> wanted, IconHandler done) const {
+  loadLogo(logoMaker(), std::move(wanted), std::move(done));
+}
+
+void FreltaSortedStyle::loadIcon(std::weak_ptr<const void> wanted, IconHandler done) {
+  loadStyleLogo(std::move(wanted), std::move(done));
+}
+
+void FreltaSortedStyle::loadPlaceholder(std::weak_ptr<const void> wanted, IconHandler done) {
+  loadLogo(logoMakerOf(std::string(kPlaceholderPath)), std::move(wanted), std::move(done));
 }
 
 }  // namespace frelta

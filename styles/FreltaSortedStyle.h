@@ -1,5 +1,10 @@
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
 #include "device/StyleKinds.h"
 #include "styles/FreltaSortedItem.h"
 
@@ -13,6 +18,11 @@ class FreltaSortedStyle : public FreltaSortedItem {
   std::shared_ptr<const UIImage> generateIcon() override { return styleLogo(); }
   /// The logo's file in the folder, else the bundle's placeholder, masked and padded.
   std::shared_ptr<const UIImage> styleLogo() const;
+  // The same beside the main thread: handed over unless `wanted` has expired by then.
+  void loadIcon(std::weak_ptr<const void> wanted, IconHandler done) override;
+  void loadStyleLogo(std::weak_ptr<const void> wanted, IconHandler done) const;
+  /// The bundle's placeholder as a logo.
+  static void loadPlaceholder(std::weak_ptr<const void> wanted, IconHandler done);
 
   /// A FreltaStyleMode.
   std::int32_t styleMode() const { return styleMode_; }
@@ -25,6 +35,9 @@ class FreltaSortedStyle : public FreltaSortedItem {
   void setFullPath(std::optional<std::string> path) { fullPath_ = std::move(path); }
 
  private:
+  /// Finds the logo's file; what it returns makes the logo of it, on any thread.
+  std::function<std::shared_ptr<const UIImage>()> logoMaker() const;
+
   std::int32_t styleMode_ = FreltaStyleModeImages;
   std::optional<std::string> displayName_;
   std::optional<std::string> fullPath_;

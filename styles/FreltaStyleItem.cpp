@@ -4,7 +4,9 @@
 #include <exception>
 #include <map>
 #include <string_view>
+#include <utility>
 
+#include "foundation/MakeBeside.h"
 #include "foundation/Platform.h"
 #include "foundation/StringPaths.h"
 #include "styles/FreltaStyleSelector.h"
@@ -40,6 +42,22 @@ std::optional<std::string> pickIcon(const std::vector<std::string>& paths) {
   return std::nullopt;
 }
 
+std::shared_ptr<const UIImage> iconOf(const std::vector<std::string>& paths, double scale) {
+  const std::size_t count = paths.size();
+  if (count == 1 || count == 2) {
+    // The remainder of a division by 1: of two icons the first comes up.
+    const std::size_t index = count == 2 ? Platform::current().random->random32() % (count - 1) : 0;
+    const auto image = UIImage::imageWithContentsOfFile(paths[index]);
+    return image ? FreltaStyleSelector::maskImageWithPad(*image, true, scale) : nullptr;
+  }
+  // Three icons make neither an icon nor a stack.
+  if (count < 4) return nullptr;
+  std::vector<FreltaStyleSelector::StackItem> picked;
+  for (int round = 0; round < kRounds; ++round)
+    if (auto path = pickIcon(paths)) picked.emplace_back(*std::move(path));
+  return FreltaStyleSelector::generateStackedImageWithArray(picked, scale);
+}
+
 }  // namespace
 
 std::vector<std::string> FreltaStyleItem::imagesForStyle() {
@@ -65,29 +83,42 @@ std::vector<std::string> FreltaStyleItem::imagesForStyle() {
 
 std::shared_ptr<const UIImage> FreltaStyleItem::generateIcon() {
   if (cachedImage_) return cachedImage_;
-  try {
-    cachedImage_ = makeIcon();
-  } catch (const std::exception& exception) {
-    Platform::current().log->log(exception.what());
-  }
-  return cachedImage_;
+  return keepIcon(makeIcon(imagesOrNone(), FreltaStyleSelector::screenScale()));
 }
 
-std::shared_ptr<const UIImage> FreltaStyleItem::makeIcon() {
-  const std::vector<std::string> paths = imagesForStyle();
-  const std::size_t count = paths.size();
-  if (count == 1 || count == 2) {
-    // The remainder of a division by 1: of two icons the first comes up.
-    const std::size_t index = count == 2 ? Platform::current().random->random32() % (count - 1) : 0;
-    const auto image = UIImage::imageWithContentsOfFile(paths[index]);
-    return image ? FreltaStyleSelector::maskImageWithPad(*image, true) : nullptr;
+void FreltaStyleItem::loadIcon(std::weak_ptr<const void> wanted, IconHandler done) {
+  if (cachedImage_) {
+    done(cachedImage_);
+    return;
   }
-  // Three icons make neither an icon nor a stack.
-  if (count < 4) return nullptr;
-  std::vector<FreltaStyleSelector::StackItem> picked;
-  for (int round = 0; round < kRounds; ++round)
-    if (auto path = pickIcon(paths)) picked.emplace_back(*std::move(path));
-  return FreltaStyleSelector::generateStackedImageWithArray(picked);
+  makeBeside<MadeIcon>(
+      Platform::current().workQueue, std::move(wanted),
+      [paths = imagesOrNone(), scale = FreltaStyleSelector::screenScale()] {
+        return makeIcon(paths, scale);
+      },
+      [self = shared_from_this(), done = std::move(done)](MadeIcon made) {
+        done(self->keepIcon(std::move(made)));
+      });
+}
+
+std::vector<std::string> FreltaStyleItem::imagesOrNone() try {
+  return imagesForStyle();
+} catch (const std::exception& exception) {
+  Platform::current().log->log(exception.what());
+  return {};
+}
+
+std::shared_ptr<const UIImage> FreltaStyleItem::keepIcon(MadeIcon made) {
+  if (made.failure) Platform::current().log->log(*made.failure);
+  if (made.image) cachedImage_ = made.image;
+  return made.image;
+}
+
+FreltaStyleItem::MadeIcon FreltaStyleItem::makeIcon(const std::vector<std::string>& paths,
+                                                    double scale) try {
+  return {iconOf(paths, scale), std::nullopt};
+} catch (const std::exception& exception) {
+  return {nullptr, exception.what()};
 }
 
 }  // namespace frelta

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,8 +12,11 @@
 
 namespace frelta {
 
-/// One style within a group.
-class FreltaStyleItem {
+/// Takes a picture; null for none.
+using IconHandler = std::function<void(std::shared_ptr<const UIImage>)>;
+
+/// One style within a group. To be held by a shared pointer where loadIcon() is used.
+class FreltaStyleItem : public std::enable_shared_from_this<FreltaStyleItem> {
  public:
   bool isEnabled() const { return isEnabled_; }
   void setIsEnabled(bool enabled) { isEnabled_ = enabled; }
@@ -42,9 +46,20 @@ class FreltaStyleItem {
   /// The style's picture: its icon, or a stack of three random ones. Null when none can be made,
   /// which the next call tries again; a picture is remembered.
   std::shared_ptr<const UIImage> generateIcon();
+  /// The same beside the main thread: hands the picture over, at once if it is remembered, unless
+  /// `wanted` has expired by then.
+  void loadIcon(std::weak_ptr<const void> wanted, IconHandler done);
 
  private:
-  std::shared_ptr<const UIImage> makeIcon();
+  struct MadeIcon {
+    std::shared_ptr<const UIImage> image;
+    std::optional<std::string> failure;
+  };
+
+  /// Touches nothing of the main thread's.
+  static MadeIcon makeIcon(const std::vector<std::string>& paths, double scale);
+  std::vector<std::string> imagesOrNone();
+  std::shared_ptr<const UIImage> keepIcon(MadeIcon made);
 
   bool isEnabled_ = false;
   std::optional<std::string> title_;

@@ -37,8 +37,8 @@ class OpenWindow {
     kit.text = &text_;
     kit.pasteboard = clipboard;
     kit.pictures = &pictures;
-    application = std::make_unique<SettingsApplication>(services, GraphicsServices{&images_}, kit,
-                                                        appearance);
+    application =
+        std::make_unique<SettingsApplication>(services, GraphicsServices{images}, kit, appearance);
     QString error;
     bundle_ = std::make_unique<OwnBundle>(bundle);
     ASSERT_TRUE(application->open(bundle_->path(), error)) << error.toStdString();
@@ -87,6 +87,11 @@ class OpenWindow {
 
  private:
   QtImageServices images_;
+
+ public:
+  ImageServices* images = &images_;  // not owned
+
+ private:
   QtTextMeasurer text_;
   std::unique_ptr<OwnBundle> bundle_;
 

@@ -173,5 +173,32 @@ TEST_F(FreltaBannerCellTest, LeavesTheNextRowWhereItsOwnRowEndsAndLiesBehindIt) 
   EXPECT_GE(cell(*page, "Enabled")->frame().minY(), 195);
 }
 
+TEST_F(FreltaBannerCellTest, LoadsTheIconBesideTheMainThreadAndShowsTheLastOneMeanwhile) {
+  putIcon();
+  const auto before = makeBanner();
+  platform.useWorkQueue();
+  platform.files.resetCalls();
+
+  const auto banner = makeBanner();
+  const auto meanwhile = banner->bannerView()->image();
+  const std::size_t readsAtOnce = platform.files.count(Operation::Read);
+  const bool ran = platform.workQueue.runNext();
+
+  EXPECT_EQ(meanwhile, before->bannerView()->image());
+  EXPECT_EQ(readsAtOnce, 0U);
+  EXPECT_TRUE(ran);
+  EXPECT_EQ(platform.files.count(Operation::Read), 1U);
+  EXPECT_NE(banner->bannerView()->image(), meanwhile);
+  EXPECT_EQ(banner->bannerView()->image()->size(), (CGSize{80, 80}));
+}
+
+TEST_F(FreltaBannerCellTest, NobodyWantsTheIconOfABannerThatIsGone) {
+  platform.useWorkQueue();
+
+  makeBanner().reset();
+
+  EXPECT_EQ(platform.workQueue.waiting(), 0U);
+}
+
 }  // namespace
 }  // namespace frelta

@@ -2,8 +2,10 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 
+#include "pages/PicturePreview.h"
 #include "tests/pages/PagesTest.h"
 #include "uikit/UIWindow.h"
 
@@ -372,6 +374,69 @@ TEST_F(FreltaImageCellTest, ACancelledPickIsToldAlsoWhenItsCellIsGone) {
   EXPECT_EQ(platform.files.count(Operation::Write), 0u);
   EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
   EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+TEST_F(FreltaImageCellTest, ReadsThePictureBesideTheMainThreadAndShowsItWhenItIsThere) {
+  platform.useWorkQueue();
+  putPicture("/other.png", 30, 20);
+  open({{"backgroundImage", "/other.png"}});
+  const bool isReadAtOnce = std::ranges::any_of(
+      platform.files.calls(), [](const auto& call) { return call.path == "/other.png"; });
+  const UIImage* atFirst = shown();
+
+  while (platform.workQueue.runNext()) {
+  }
+
+  EXPECT_FALSE(isReadAtOnce);
+  EXPECT_EQ(atFirst, nullptr);
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{30, 20}));
+}
+
+TEST_F(FreltaImageCellTest, ShowsWhatWasLastKnownOfThePictureWhileItIsReadAnew) {
+  putPicture("/other.png", 31, 21);
+  open({{"backgroundImage", "/other.png"}});
+  platform.useWorkQueue();
+
+  page->reloadSpecifiers();
+  layout();
+
+  ASSERT_TRUE(shown());
+  EXPECT_EQ(shown()->size(), (CGSize{31, 21}));
+  EXPECT_EQ(platform.workQueue.waiting(), 1U);
+}
+
+TEST_F(FreltaImageCellTest, TakesBackWhatStoodInForAPictureThatCannotBeReadAnyMore) {
+  putPicture("/other.png", 32, 22);
+  putPicture(path, 9, 9);
+  open({{"backgroundImage", "/other.png"}});
+  putSettings({{"BackgroundMode", 2}, {"backgroundImage", path}});
+  imageCell().loadImageFromDict();
+  keepPreview("/other.png", "other bytes", *picture(32, 22));
+  std::filesystem::remove(platform.hostPath("/other.png"));
+  platform.useWorkQueue();
+  putSettings({{"BackgroundMode", 2}, {"backgroundImage", "/other.png"}});
+
+  imageCell().loadImageFromDict();
+  imageCell().loadImageFromDict();
+  const CGSize meanwhile = shown()->size();
+  while (platform.workQueue.runNext()) {
+  }
+
+  EXPECT_EQ(meanwhile, (CGSize{32, 22}));
+  EXPECT_EQ(shown()->size(), (CGSize{9, 9}));
+}
+
+TEST_F(FreltaImageCellTest, AnAnswerThatIsNoLongerWantedChangesNothing) {
+  platform.useWorkQueue();
+  putPicture("/other.png", 33, 23);
+  open({{"backgroundImage", "/other.png"}});
+
+  imageCell().setCurrentImage(picture(5, 5));
+  while (platform.workQueue.runNext()) {
+  }
+
+  EXPECT_EQ(shown()->size(), (CGSize{5, 5}));
 }
 
 }  // namespace

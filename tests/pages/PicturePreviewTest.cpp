@@ -26,13 +26,20 @@ class PicturePreviewTest : public PagesTest {
     platform.put("/a.png", UIImagePNGRepresentation(picture).value());
   }
 
+  /// Without a work queue it is there when the call returns.
+  static std::shared_ptr<const UIImage> previewOf(const char* path) {
+    std::shared_ptr<const UIImage> preview;
+    loadPreviewOfPictureAtPath(path, {}, [&](auto made) { preview = std::move(made); });
+    return preview;
+  }
+
   CountedImages images;
 };
 
 TEST_F(PicturePreviewTest, IsNoLargerThanARowShowsAndKeepsTheShape) {
   put(*picture(1600, 800, kRed));
 
-  const auto preview = previewOfPictureAtPath("/a.png");
+  const auto preview = previewOf("/a.png");
 
   ASSERT_TRUE(preview);
   EXPECT_EQ(preview->size(), (CGSize{320, 160}));
@@ -42,36 +49,36 @@ TEST_F(PicturePreviewTest, IsNoLargerThanARowShowsAndKeepsTheShape) {
 
 TEST_F(PicturePreviewTest, OfASmallPictureIsItsSizeAndOfALineIsNotNothing) {
   put(*picture(6, 4, kBlue));
-  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{6, 4}));
+  EXPECT_EQ(previewOf("/a.png")->size(), (CGSize{6, 4}));
 
   put(*picture(4000, 1, kBlue));
-  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{320, 1}));
+  EXPECT_EQ(previewOf("/a.png")->size(), (CGSize{320, 1}));
 
   put(*picture(1, 4000, kBlue));
-  EXPECT_EQ(previewOfPictureAtPath("/a.png")->size(), (CGSize{1, 320}));
+  EXPECT_EQ(previewOf("/a.png")->size(), (CGSize{1, 320}));
 }
 
 TEST_F(PicturePreviewTest, OpensNothingButFilesAndIsNoneOfOneThatCannotBeRead) {
   std::filesystem::create_directories(platform.hostPath("/folder.png"));
   put(*picture(2, 2, kRed));
 
-  const auto ofAFolder = previewOfPictureAtPath("/folder.png");
+  const auto ofAFolder = previewOf("/folder.png");
   const std::size_t readsOfTheFolder = platform.files.count(Operation::Read);
   platform.files.fail(Operation::Read);
 
   EXPECT_EQ(ofAFolder, nullptr);
   EXPECT_EQ(readsOfTheFolder, 0u);
-  EXPECT_EQ(previewOfPictureAtPath("/a.png"), nullptr);
+  EXPECT_EQ(previewOf("/a.png"), nullptr);
 }
 
 TEST_F(PicturePreviewTest, IsDecodedAgainOnlyForOtherBytes) {
   put(*picture(2, 2, kRed));
 
-  const auto first = previewOfPictureAtPath("/a.png");
-  const auto again = previewOfPictureAtPath("/a.png");
+  const auto first = previewOf("/a.png");
+  const auto again = previewOf("/a.png");
   const int decodingsOfTheSame = images.decodings;
   put(*picture(2, 2, kBlue));
-  const auto other = previewOfPictureAtPath("/a.png");
+  const auto other = previewOf("/a.png");
 
   EXPECT_EQ(decodingsOfTheSame, 1);
   EXPECT_EQ(again, first);
