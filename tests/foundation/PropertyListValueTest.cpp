@@ -95,6 +95,7 @@ TEST(PropertyListValue, BoolValueOfTextLooksAtTheFirstCharacterAfterSpaceSignAnd
 
 TEST(PropertyListValue, LongLongValueOfANumberTruncatesAndClamps) {
   EXPECT_EQ(PropertyListValue(true).longLongValue(), 1);
+  EXPECT_EQ(PropertyListValue(false).longLongValue(), 0);
   EXPECT_EQ(PropertyListValue(kSmallestInt64).longLongValue(), kSmallestInt64);
   EXPECT_EQ(PropertyListValue(kLargestUInt64).longLongValue(), -1);
   EXPECT_EQ(PropertyListValue(2.99).longLongValue(), 2);
@@ -141,6 +142,7 @@ TEST(PropertyListValue, IntValueOfTextIsClampedTo32Bits) {
 
 TEST(PropertyListValue, DoubleValueReadsNumbersAndLeadingDecimalText) {
   EXPECT_EQ(PropertyListValue(true).doubleValue(), 1);
+  EXPECT_EQ(PropertyListValue(false).doubleValue(), 0);
   EXPECT_EQ(PropertyListValue(-3).doubleValue(), -3);
   EXPECT_EQ(PropertyListValue(kLargestUInt64).doubleValue(), 18446744073709551616.0);
   EXPECT_EQ(PropertyListValue(0.1).doubleValue(), 0.1);
