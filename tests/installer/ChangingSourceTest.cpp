@@ -1,4 +1,5 @@
 #include "tests/installer/InstallerTest.h"
+#include "tests/support/SystemCallStepper.h"
 
 namespace frelta {
 namespace {
@@ -61,6 +62,38 @@ TEST_F(ChangingSource, WhoseFolderBecomesALinkIsNotFollowed) {
                 std::filesystem::create_directory_symlink(sources() / "secrets", style / "Images");
               }),
               refusedFor(Reason::Missing, "Images/Key.png"));
+}
+
+TEST_F(ChangingSource, WhoseFolderBecomesALinkAtAnySystemCallIsNotListedThroughIt) {
+  std::filesystem::create_directories(sources() / "secrets/theirs");
+  installation.source = style;
+  installation.root = root();
+  int swaps = 0;
+
+  for (int at = 1; at > 0;) {
+    bool hasSwapped = false;
+    const auto status = waitStatusOfSteppedChild(
+        [&] { return statusOfInstalling(); },
+        [&](pid_t, int stop) {
+          if (stop != at) return;
+          std::filesystem::rename(style / "Images", sources() / "away");
+          std::filesystem::create_directory_symlink(sources() / "secrets", style / "Images");
+          hasSwapped = true;
+        });
+    if (!status) GTEST_SKIP() << "NOT TESTED: this system does not allow ptrace";
+
+    ASSERT_FALSE(std::filesystem::exists(themes() / "Sea.theme/Images/theirs")) << at;
+    if (hasSwapped) {
+      std::filesystem::remove(style / "Images");
+      std::filesystem::rename(sources() / "away", style / "Images");
+    }
+    std::filesystem::remove_all(themes() / "Sea.theme");
+    swaps += hasSwapped;
+    // A call has been left before the next one is entered: one of the two is enough.
+    at = hasSwapped ? at + 2 : 0;
+  }
+
+  EXPECT_GT(swaps, 50);
 }
 
 TEST_F(ChangingSource, WhoseFileBecomesAPipeIsNotWaitedFor) {

@@ -5,6 +5,7 @@
 
 #include "tests/installer/InstallerTest.h"
 #include "tests/support/ForkedChild.h"
+#include "tests/support/SystemCallStepper.h"
 
 namespace frelta {
 namespace {
@@ -307,6 +308,27 @@ TEST_F(InstallStyle, SaysWhyItCannotWrite) {
   EXPECT_TRUE(isSaidOf(SYS_syncfs, EIO));
   EXPECT_TRUE(isSaidOf(SYS_renameat2, EROFS));
   EXPECT_EQ(everything(), before);
+}
+
+TEST_F(InstallStyle, MakesNoStyleThatLacksAFolder) {
+  const std::string source = folder("Sea.theme");
+  std::filesystem::create_directory(source + "/Empty");
+  installation.source = source;
+  installation.root = root();
+
+  const auto status = waitStatusOfSteppedChild(
+      [&] { return statusOfInstalling(); },
+      [&](pid_t, int) {
+        for (const auto& path : unfinished())
+          if (const auto style = path / ".style";
+              std::filesystem::exists(style) && !std::filesystem::exists(style / "Empty"))
+            write(style / "Empty", "in the way");
+      });
+
+  if (!status) GTEST_SKIP() << "NOT TESTED: this system does not allow ptrace";
+  EXPECT_TRUE(WIFEXITED(*status));
+  EXPECT_EQ(WEXITSTATUS(*status), 1);
+  EXPECT_FALSE(std::filesystem::exists(themes() / "Sea.theme"));
 }
 
 TEST_F(InstallStyle, BringsItsNameToTheDiskOnceItHasIt) {

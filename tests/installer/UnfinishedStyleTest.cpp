@@ -130,6 +130,7 @@ TEST_F(UnfinishedStyle, IsToldFromWhatSomebodyElseGaveSuchAName) {
   const auto open = library() / ".installing-style-open";
   const auto link = library() / ".installing-style-link";
   const auto file = library() / ".installing-style-file";
+  const auto pipe = library() / ".installing-style-pipe";
   write(presets / "Work.plist", "mine");
   write(presets / ".style/a", "mine too");
   write(open / ".style/a", "theirs");
@@ -137,10 +138,11 @@ TEST_F(UnfinishedStyle, IsToldFromWhatSomebodyElseGaveSuchAName) {
   write(library() / "elsewhere/.style/a", "mine");
   std::filesystem::create_symlink(library() / "elsewhere", link);
   write(file, "");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
 
   sweepUnfinishedStyles(root());
 
-  EXPECT_THAT(unfinished(), testing::UnorderedElementsAre(presets, open, link, file));
+  EXPECT_THAT(unfinished(), testing::UnorderedElementsAre(presets, open, link, file, pipe));
   EXPECT_EQ(read(presets / "Work.plist"), "mine");
   EXPECT_EQ(read(presets / ".style/a"), "mine too");
   EXPECT_EQ(read(open / ".style/a"), "theirs");
