@@ -71,6 +71,12 @@ TEST(StyleKinds, ShareNoBackgroundMode) {
   }
 }
 
+TEST(StyleKinds, HaveTheExampleHTMLThemeAndWidgetActiveAtFirst) {
+  EXPECT_FALSE(styleKind(FreltaStyleModeImages).exampleIsActiveAtFirst);
+  EXPECT_TRUE(styleKind(FreltaStyleModeHTML).exampleIsActiveAtFirst);
+  EXPECT_TRUE(styleKind(FreltaStyleModeWidget).exampleIsActiveAtFirst);
+}
+
 TEST(StyleKinds, HearTheSuffixOfANameInAnyCase) {
   const StyleKind& widget = styleKind(FreltaStyleModeWidget);
 
