@@ -2,6 +2,7 @@
 #include "uikit/UISegmentedControl.h"
 #include "uikit/UISlider.h"
 #include "uikit/UITextField.h"
+#include "uikit/UITextView.h"
 
 namespace frelta {
 namespace {
@@ -152,6 +153,22 @@ TEST_F(KeyboardTest, RowsThatOnlyTellSomethingArePassedOver) {
   EXPECT_EQ(focusedRow(), (IndexPath{0, 2}));
 }
 
+TEST_F(KeyboardTest, ARowIsNoStopOnceItOnlyTellsSomething) {
+  showRows(3);
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+  screen->table().cellForRowAtIndexPath({0, 1})->setSelectionStyle(
+      UITableViewCellSelectionStyle::None);
+  settle();
+  const auto still = focusedRow();
+
+  key(Qt::Key_Tab);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+
+  EXPECT_EQ(still, (IndexPath{0, 1}));
+  EXPECT_EQ(focusedRow(), (IndexPath{0, 0}));
+}
+
 TEST_F(KeyboardTest, TheKeyboardStaysInItsRowOverAReload) {
   showRows(50);
   key(Qt::Key_Tab);
@@ -188,6 +205,44 @@ TEST_F(KeyboardTest, ArrowsSelectSegmentsAndTheTabKeyStopsAtEachControlOnce) {
   EXPECT_EQ(left, 1);
   EXPECT_EQ(second, control<UISegmentedControl>(1));
   EXPECT_EQ(control<UISegmentedControl>(1)->selectedSegmentIndex(), 0);
+}
+
+TEST_F(KeyboardTest, ASegmentIsNoStopOnceAnotherIsSelected) {
+  showControls<UISegmentedControl>([] {
+    return std::make_unique<UISegmentedControl>(std::vector<std::string>{"One", "Two", "Three"});
+  });
+  control<UISegmentedControl>(0)->setSelectedSegmentIndex(1);
+  settle();
+  key(Qt::Key_Tab);
+  control<UISegmentedControl>(0)->setSelectedSegmentIndex(0);
+  settle();
+
+  key(Qt::Key_Tab);
+  const UIView* next = focusedView();
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  key(Qt::Key_Space);
+
+  EXPECT_EQ(next, control<UISegmentedControl>(1));
+  EXPECT_EQ(focusedView(), control<UISegmentedControl>(0));
+  EXPECT_EQ(control<UISegmentedControl>(0)->selectedSegmentIndex(), 0);
+}
+
+TEST_F(KeyboardTest, ATextIsNoStopOnceAllOfItIsSeen) {
+  UIView& root = showPlain();
+  auto* text = root.addSubview(std::make_unique<UITextView>(CGRect{0, 0, 300, 40}));
+  text->setText(std::string(1000, 'x'));
+  auto* field = root.addSubview(std::make_unique<UITextField>(CGRect{0, 500, 300, 40}));
+  settle();
+  key(Qt::Key_Tab);
+  const UIView* first = focusedView();
+  text->setText("x");
+  settle();
+
+  key(Qt::Key_Tab);
+  key(Qt::Key_Tab);
+
+  EXPECT_EQ(first, text);
+  EXPECT_EQ(focusedView(), field);
 }
 
 TEST_F(KeyboardTest, ArrowsMoveASliderAndCommitEachStep) {

@@ -61,8 +61,9 @@ Rectangle {
             width: control.segmentWidth
             height: control.height - 4
             enabled: control.node.enabled
-            // One stop for the Tab key; the arrow keys go on from there.
-            activeFocusOnTab: current || (control.node.selected < 0 && index === 0)
+            // One stop for the Tab key; the arrow keys go on from there. What has the keyboard must stay
+            // one until it has lost it: the window refuses anything else.
+            activeFocusOnTab: activeFocus || current || (control.node.selected < 0 && index === 0)
             Keys.onLeftPressed: control.step(-1)
             Keys.onRightPressed: control.step(1)
             Keys.onSpacePressed: control.node.select(index)

@@ -24,7 +24,8 @@ FocusItem {
             node.activate();
     }
 
-    activeFocusOnTab: node.focusable
+    // What has the keyboard must stay a stop until it has lost it: the window refuses anything else.
+    activeFocusOnTab: activeFocus || node.focusable
     Keys.onSpacePressed: event => activateOnce(event)
     Keys.onReturnPressed: event => activateOnce(event)
     Keys.onEnterPressed: event => activateOnce(event)

@@ -56,7 +56,8 @@ Item {
             readOnly: true
             selectByMouse: true
             selectByKeyboard: true
-            activeFocusOnTab: view.scrolls
+            // What has the keyboard must stay a stop until it has lost it.
+            activeFocusOnTab: activeFocus || view.scrolls
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
             font: view.node.font
