@@ -46,8 +46,10 @@ std::string FreltaStyleLibrary::preferencesFilePath() const {
 
 std::optional<Dictionary> FreltaStyleLibrary::preferencesDictionary() const {
   const std::string path = preferencesFilePath();
-  if (!Platform::current().fileManager->fileExistsAtPath(path)) return Dictionary();
-  return dictionaryWithContentsOfFile(path);
+  std::optional<Dictionary> settings = dictionaryWithContentsOfFile(path);
+  // Asked last: a file that only seems to be missing must not be replaced by an empty one.
+  if (settings || Platform::current().fileManager->fileExistsAtPath(path)) return settings;
+  return Dictionary();
 }
 
 void FreltaStyleLibrary::updatePreferencesFileWithPath(

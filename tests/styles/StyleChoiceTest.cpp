@@ -189,6 +189,15 @@ TEST_F(StyleChoice, AFileThatMayNotBeReadIsLeftAsItIsSilently) {
   EXPECT_THAT(platform.log.lines, testing::IsEmpty());
 }
 
+TEST_F(StyleChoice, AFileThatIsTakenForMissingKeepsWhatItHolds) {
+  putSettings({{"Enabled", 1}});
+  platform.files.fail(Operation::FileExists);
+
+  selectorOf(FreltaStyleModeImages)->updatePreferencesFileWithPath("/A");
+
+  EXPECT_EQ(settings(), (Dictionary{{"Enabled", 1}, {"EnabledThemePath", "/A"}}));
+}
+
 TEST_F(StyleChoice, AWriteThatFailsKeepsTheNewStateInMemory) {
   putSettings({{"EnabledThemePath", "/before"}});
   platform.files.fail(Operation::Write);
