@@ -29,8 +29,10 @@ class StyleDrop : public QObject {
 
   /// Installs them as if they had been dropped: host paths.
   void install(const QStringList& paths);
-  /// Whether nothing is being installed, waiting to be or on its way to its end after a cancel.
-  bool isIdle() const { return !isBusy() && abandoned_.empty(); }
+  /// Whether something is being installed, or on its way to its end after a cancel.
+  bool isInstalling() const { return job_ || !abandoned_.empty(); }
+  /// Whether nothing is being installed or waiting to be.
+  bool isIdle() const { return !isInstalling() && waiting_.isEmpty(); }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 

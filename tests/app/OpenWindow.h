@@ -26,13 +26,20 @@ namespace frelta {
 /// open().
 class OpenWindow {
  public:
+  static constexpr QSize kSize{390, 844};
+
   /// Without a style the desktop decides.
   explicit OpenWindow(std::optional<UserInterfaceStyle> style = UserInterfaceStyle::Light)
       : appearance(style) {
     services = Platform::current();
   }
 
-  void open(const QString& bundle = QStringLiteral(FRELTA_BUNDLE), QSize size = {390, 844}) {
+  void open(const QString& bundle = QStringLiteral(FRELTA_BUNDLE), QSize size = kSize) {
+    bundle_ = std::make_unique<OwnBundle>(bundle);
+    openAgain(size);
+  }
+  /// Opens the application anew in the code that open() loaded, with all that it remembers.
+  void openAgain(QSize size = kSize) {
     UIKitServices kit;
     kit.text = &text_;
     kit.pasteboard = clipboard;
@@ -40,7 +47,6 @@ class OpenWindow {
     application =
         std::make_unique<SettingsApplication>(services, GraphicsServices{images}, kit, appearance);
     QString error;
-    bundle_ = std::make_unique<OwnBundle>(bundle);
     ASSERT_TRUE(application->open(bundle_->path(), error)) << error.toStdString();
     application->window()->resize(size);
     application->window()->show();

@@ -218,11 +218,13 @@ TEST_F(StyleDropTest, WaitsForNoInstallationThatDoesNotHearThatItIsCancelled) {
   const bool isNextInstalled = QTest::qWaitFor(
       [&] { return noteText() == QStringLiteral("“Sea.theme” was installed."); }, 20'000);
   const bool isIdleMeanwhile = drop->isIdle();
+  const bool isInstallingMeanwhile = drop->isInstalling();
   heard.set_value();
   waitUntilIdle();
 
   EXPECT_TRUE(isNextInstalled);
   EXPECT_FALSE(isIdleMeanwhile);
+  EXPECT_TRUE(isInstallingMeanwhile);
   EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
   EXPECT_FALSE(std::filesystem::exists(themes() / "Deaf.theme"));
   EXPECT_EQ(window.driver->alert(), nullptr);
