@@ -29,7 +29,7 @@ void takePick(UIImagePickerController& picker, const UIImagePickerControllerInfo
   const auto image = info.find(std::string(UIImagePickerControllerOriginalImage));
   if (image != info.end() && image->second) storePicture(*image->second);
   postRefreshNotification();
-  picker.dismissViewControllerAnimated(false);
+  picker.dismissItselfAnimated(false);
 }
 
 /// Shows the picture that is stored in the row that the page has now.

@@ -4,6 +4,7 @@
 
 #include "uikit/UIAlertController.h"
 #include "uikit/UIKitServices.h"
+#include "uikit/UIWindow.h"
 
 namespace frelta {
 
@@ -62,8 +63,14 @@ void UIImagePickerController::finish(const PicturePickerService::Result& result)
         UIAlertController::alertControllerWithTitle("Cannot Open the Picture", result.failure);
     alert->addAction(UIAlertAction::actionWithTitle("OK", UIAlertActionStyle::Default,
                                                     [this](UIAlertAction&) { deliver({}); }));
-    presentViewController(alert, true);
+    UIViewController* front = this;
+    while (UIViewController* over = front->presentedViewController()) front = over;
+    front->presentViewController(alert, true);
   }
+}
+
+void UIImagePickerController::dismissItselfAnimated(bool animated) {
+  if (UIWindow* shownIn = UIWindow::windowOf(view())) shownIn->takeAway(*this, animated);
 }
 
 void UIImagePickerController::deliver(const UIImagePickerControllerInfo& info) {
@@ -71,7 +78,7 @@ void UIImagePickerController::deliver(const UIImagePickerControllerInfo& info) {
   if (delegate_) {
     delegate_->didFinishPickingMediaWithInfo(*this, info);
   } else {
-    dismissViewControllerAnimated(true);
+    dismissItselfAnimated(true);
   }
 }
 

@@ -42,6 +42,10 @@ class UIImagePickerController : public UIViewController {
   UIImagePickerControllerDelegate* delegate() const { return delegate_; }
   void setDelegate(UIImagePickerControllerDelegate* delegate) { delegate_ = delegate; }
 
+  /// Takes the picker away. What was presented over it meanwhile stays: the user, who was with the
+  /// desktop's dialogue, has not answered it.
+  void dismissItselfAnimated(bool animated);
+
   /// What the Escape key does: no picture is picked.
   void userDidCancel();
 

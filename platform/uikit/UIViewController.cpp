@@ -31,9 +31,7 @@ std::unique_ptr<UIView> UIViewController::loadView() {
 }
 
 UIWindow* UIViewController::window() const {
-  UIView* top = view_;
-  while (top && top->superview()) top = top->superview();
-  return dynamic_cast<UIWindow*>(top);
+  return view_ ? UIWindow::windowOf(*view_) : nullptr;
 }
 
 void UIViewController::presentViewController(std::shared_ptr<UIViewController> controller,

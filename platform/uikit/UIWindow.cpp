@@ -19,6 +19,12 @@ void UIWindow::setRootViewController(std::shared_ptr<UIViewController> controlle
   setNeedsLayout();
 }
 
+UIWindow* UIWindow::windowOf(UIView& view) {
+  UIView* top = &view;
+  while (UIView* parent = top->superview()) top = parent;
+  return dynamic_cast<UIWindow*>(top);
+}
+
 std::size_t UIWindow::levelOf(const UIViewController& controller) const {
   const auto found =
       std::ranges::find(presented_, &controller, &std::shared_ptr<UIViewController>::get);
@@ -40,13 +46,17 @@ bool UIWindow::present(std::shared_ptr<UIViewController> controller,
 void UIWindow::dismissFrom(const UIViewController& controller, bool animated) {
   const std::size_t level = levelOf(controller);
   const std::size_t kept = level > 0 && level == presented_.size() ? level - 1 : level;
-  while (presented_.size() > kept) {
-    const std::shared_ptr<UIViewController> leaving = presented_.back();
-    leaving->viewWillDisappear(animated);
-    presented_.pop_back();
-    leaving->returnView(leaving->view().removeFromSuperview());
-    leaving->viewDidDisappear(animated);
-  }
+  while (presented_.size() > kept) takeAway(*presented_.back(), animated);
+}
+
+void UIWindow::takeAway(const UIViewController& controller, bool animated) {
+  const std::size_t level = levelOf(controller);
+  if (level == 0) return;
+  const std::shared_ptr<UIViewController> leaving = presented_[level - 1];
+  leaving->viewWillDisappear(animated);
+  std::erase(presented_, leaving);
+  leaving->returnView(leaving->view().removeFromSuperview());
+  leaving->viewDidDisappear(animated);
 }
 
 UIViewController* UIWindow::presentedOver(const UIViewController& controller) const {

@@ -24,10 +24,15 @@ class UIWindow : public UIView {
     return presented_;
   }
 
+  /// The window that the view is in; null for none.
+  static UIWindow* windowOf(UIView& view);
+
   // For controllers, whose operations say what these do.
   bool present(std::shared_ptr<UIViewController> controller, const UIViewController& presenter,
                bool animated);
   void dismissFrom(const UIViewController& controller, bool animated);
+  /// Takes away this one alone, if it is presented.
+  void takeAway(const UIViewController& controller, bool animated);
   UIViewController* presentedOver(const UIViewController& controller) const;
   UIViewController* presenterOf(const UIViewController& controller) const;
 

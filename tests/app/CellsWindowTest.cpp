@@ -3,6 +3,7 @@
 #include "graphics/UIImage.h"
 #include "tests/app/OpenWindow.h"
 #include "tests/app/PicturesOnDemand.h"
+#include "uikit/UIAlertController.h"
 #include "uikit/UIImagePickerController.h"
 #include "uikit/UISlider.h"
 
@@ -116,6 +117,27 @@ TEST_F(PickingAPicture, CancelledByTheEscapeKeyWritesNothingAndTellsOnce) {
   EXPECT_EQ(window.pictures.cancellations, 1);
   EXPECT_EQ(window.platform.files.count(Operation::Write), 0u);
   EXPECT_THAT(posted(), ElementsAre("com.tarno.frelta.refresh"));
+}
+
+TEST_F(PickingAPicture, LeavesAnAlertThatCameMeanwhileToBeAnsweredAndThenThePage) {
+  ASSERT_NO_FATAL_FAILURE(tapRow());
+  const auto question = UIAlertController::alertControllerWithTitle("Question", "");
+  question->addAction(UIAlertAction::actionWithTitle("Cancel", UIAlertActionStyle::Cancel));
+  quick().uiWindow().presentedViewControllers().back()->presentViewController(question, false);
+  window.settle();
+
+  window.pictures.finish({picture(), {}});
+  window.settle();
+  const UIAlertController* during = window.driver->alert();
+  window.driver->tapAlertButton("Cancel");
+  window.settle();
+  const bool tapped = window.driver->tapSwitch("HideKeyCaps");
+  window.settle();
+
+  EXPECT_EQ(during, question.get());
+  EXPECT_EQ(presented(), 0u);
+  EXPECT_TRUE(tapped);
+  EXPECT_EQ(window.settings().at("HideKeyCaps"), PropertyListValue(1));
 }
 
 TEST_F(PickingAPicture, KeepsThePageBelowFromBeingUsed) {

@@ -19,7 +19,7 @@ class RecordingDelegate : public UIImagePickerControllerDelegate {
                                      const UIImagePickerControllerInfo& info) override {
     infos.push_back(info);
     busy.push_back(static_cast<UIImagePickerControllerView&>(picker.view()).isBusy());
-    picker.dismissViewControllerAnimated(false);
+    picker.dismissItselfAnimated(false);
   }
   std::vector<UIImagePickerControllerInfo> infos;
   std::vector<bool> busy;
@@ -117,6 +117,34 @@ TEST_F(UIImagePickerControllerTest, TellsWhyThereIsNoPictureBeforeItHandsOverNot
   EXPECT_THAT(delegate.infos, ElementsAre(IsEmpty()));
   EXPECT_THAT(delegate.busy, ElementsAre(false));
   EXPECT_THAT(window.presentedViewControllers(), IsEmpty());
+}
+
+TEST_F(UIImagePickerControllerTest, DismissedBelowAnAlertLeavesItToBeAnswered) {
+  screen->presentViewController(picker, true);
+  const auto question = UIAlertController::alertControllerWithTitle("Question", "");
+  picker->presentViewController(question, true);
+
+  picker->dismissItselfAnimated(false);
+
+  EXPECT_FALSE(pictures.isAsking());
+  EXPECT_THAT(window.presentedViewControllers(), ElementsAre(question));
+  EXPECT_EQ(question->presentingViewController(), screen.get());
+}
+
+TEST_F(UIImagePickerControllerTest, TellsWhyThereIsNoPictureOverAnAlertThatCameMeanwhile) {
+  screen->presentViewController(picker, true);
+  const auto question = UIAlertController::alertControllerWithTitle("Question", "");
+  picker->presentViewController(question, true);
+
+  pictures.finish({nullptr, "Too large."});
+  ASSERT_THAT(window.presentedViewControllers(), SizeIs(3));
+  auto& alert = dynamic_cast<UIAlertController&>(*window.presentedViewControllers()[2]);
+  const std::string message = alert.message();
+  alert.userDidPressAction(*alert.actions()[0]);
+
+  EXPECT_EQ(message, "Too large.");
+  EXPECT_THAT(delegate.infos, ElementsAre(IsEmpty()));
+  EXPECT_THAT(window.presentedViewControllers(), ElementsAre(question));
 }
 
 TEST_F(UIImagePickerControllerTest, WithoutADelegateDismissesItself) {
