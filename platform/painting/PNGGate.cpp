@@ -103,9 +103,15 @@ class PNGGate {
     }
     const bool isIntact = bigEndianAt(rest_, 0, 4) == checksumOf(type, contents);
     rest_.remove_prefix(kChecksum);
-    const bool isCritical = (byteAt(type, 0) & 0x20) == 0;
-    if (!isIntact) return isCritical ? refuse() : true;
+    if (!isIntact) return makesPixels(type) ? refuse() : true;
     return type == "IDAT" ? takePixels(contents) : take(type, contents);
+  }
+
+  /// Whether a pixel may be wrong or missing when such a chunk, here, is damaged.
+  bool makesPixels(std::string_view type) const {
+    constexpr unsigned kPalette = 3;
+    if (header_.empty() || type == "IHDR") return true;
+    return type == "PLTE" ? byteAt(header_, 9) == kPalette : type == "IDAT" && !pixelsEnded_;
   }
 
   bool refuse() {

@@ -231,6 +231,35 @@ TEST_F(PictureGate, TakesADamagedChunkThatMakesNoPixels) {
   EXPECT_THAT(picture->pixels(), ElementsAreArray(plain->pixels()));
 }
 
+TEST_F(PictureGate, TakesAPNGWhosePixelsAreAllThereWhateverIsDamagedBehindThem) {
+  const std::string png = fileOf(corners(4, 4), "png");
+  const auto plain = images.imageWithData(png);
+  std::string otherEnd = png;
+  otherEnd.back() ^= 1;
+  const std::string zeroedEnd = png.substr(0, png.size() - 12) + std::string(12, '\0');
+  std::string palette = chunk("PLTE", "abc");
+  palette.back() ^= 1;
+  const std::string unusedPalette =
+      png.substr(0, kAfterHeader) + palette + png.substr(kAfterHeader);
+
+  for (const std::string& file : {otherEnd, zeroedEnd, unusedPalette}) {
+    const auto picture = images.imageWithData(file);
+
+    ASSERT_TRUE(picture);
+    EXPECT_THAT(picture->pixels(), ElementsAreArray(plain->pixels()));
+  }
+}
+
+TEST_F(PictureGate, RefusesAPaletteThatIsDamagedWhereThePixelsNeedIt) {
+  const QImage indexed = corners(4, 4).convertToFormat(QImage::Format_Indexed8);
+  const std::string whole = fileOf(indexed, "png");
+  std::string png = whole;
+  png[png.find("PLTE") + 4] ^= 1;
+
+  EXPECT_TRUE(images.imageWithData(whole));
+  EXPECT_FALSE(images.imageWithData(png));
+}
+
 TEST_F(PictureGate, BringsColoursOfEveryProfileToTheStandardOnes) {
   QImage photo(16, 16, QImage::Format_RGB32);
   photo.fill(qRgb(200, 100, 50));
