@@ -116,6 +116,10 @@ std::optional<Options> Options::parse(const QStringList& arguments, QString& err
     error = OptionTexts::tr("--root needs a folder.");
     return std::nullopt;
   }
+  if (parser.isSet(parser.page) && options.page.isEmpty()) {
+    error = OptionTexts::tr("--page needs the name of a row.");
+    return std::nullopt;
+  }
   options.styleToInstall = parser.value(parser.install);
   options.replace = parser.isSet(parser.replace);
   if (parser.isSet(parser.install) && options.styleToInstall.isEmpty()) {

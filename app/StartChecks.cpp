@@ -4,12 +4,14 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <QDir>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 
 #include "app/FirstPage.h"
 #include "app/LoadedBundle.h"
+#include "device/Paths.h"
 #include "foundation/Platform.h"
 #include "linux/DeviceRoot.h"
 #include "linux/LinuxFileManager.h"
@@ -29,14 +31,15 @@ class StartTexts {
 
 /// Zero when the settings file's folder is there and files can be made in it.
 int errorOfSettingsFolder(const std::string& root) {
-  constexpr const char* kFolder = "/var/mobile/Library/Preferences";
   std::error_code error;
   std::filesystem::create_directories(root, error);
   if (error) return error.value();
   errno = 0;
-  if (!LinuxFileManager(root).createDirectoryAtPath(kFolder)) return errno ? errno : EIO;
+  LinuxFileManager files(root);
+  if (!files.createDirectoryAtPath(kPreferencesFolder)) return errno ? errno : EIO;
+  if (files.directoryExistsAtPath(kSettingsPath)) return EISDIR;
   const FileDescriptor folder =
-      DeviceRoot(root, PathLookup::Kernel).open(kFolder, O_PATH | O_DIRECTORY);
+      DeviceRoot(root, PathLookup::Kernel).open(kPreferencesFolder, O_PATH | O_DIRECTORY);
   if (!folder) return errno;
   return ::faccessat(folder.get(), ".", W_OK | X_OK, AT_EACCESS) == 0 ? 0 : errno;
 }
@@ -50,6 +53,11 @@ std::optional<StartFailure> checkRoot(const QString& root) {
   return StartFailure{StartTexts::tr("Settings cannot be written under %1: %2")
                           .arg(root, QString::fromLocal8Bit(reason.c_str())),
                       kFailed};
+}
+
+std::optional<StartFailure> checkTourFolder(const QString& folder) {
+  if (QDir().mkpath(folder)) return std::nullopt;
+  return StartFailure{StartTexts::tr("Pictures cannot be saved in %1.").arg(folder), kFailed};
 }
 
 std::optional<StartFailure> checkPage(const QString& page, const QString& bundleFolder,

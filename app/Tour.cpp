@@ -33,10 +33,6 @@ Tour::Tour(SettingsApplication& application, QString folder)
       folder_(std::move(folder)) {}
 
 bool Tour::run() {
-  if (!QDir().mkpath(folder_)) {
-    std::fprintf(stderr, "frelta-settings: cannot make %s\n", terminalText(folder_).constData());
-    return false;
-  }
   if (!listener_.isListening()) {
     std::puts("There is no session bus: broadcasts are not listened for.");
   }

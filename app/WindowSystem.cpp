@@ -25,8 +25,10 @@ struct Message {
 // A handler is a plain function: what it works with has no other place.
 std::vector<Message> messages;
 
-bool isDisplayNamed() {
-  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+/// Whether it is for want of a display; else a display or the plug-in for it is of no use.
+bool isDisplayMissing(const QString& cause) {
+  return qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+         !cause.startsWith(QLatin1String("Could not find the Qt platform plugin"));
 }
 
 void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
@@ -39,7 +41,7 @@ void keepMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
   // reinstalled.
   const QString cause = (messages.empty() ? text : messages.front().text).simplified();
   const QString line =
-      !isDisplayNamed()
+      isDisplayMissing(cause)
           ? earlyText("WindowSystem",
                       QT_TRANSLATE_NOOP("WindowSystem", "There is no display to open a window on."))
           : earlyText("WindowSystem",

@@ -34,11 +34,10 @@ void forgetChildren() {
   sigaction(SIGCHLD, &action, nullptr);
 }
 
-int fail(const QString& message, int status) {
-  const char* before = "frelta-settings: ";
-  for (const QString& line : message.split(QLatin1Char('\n')))
-    std::fprintf(stderr, "%s%s\n", std::exchange(before, ""), terminalText(line).constData());
-  return status;
+int fail(const StartFailure& failure) {
+  std::fprintf(stderr, "frelta-settings: %s\n", terminalText(failure.text).constData());
+  if (!failure.hint.isEmpty()) std::fprintf(stderr, "%s\n", terminalText(failure.hint).constData());
+  return failure.status;
 }
 
 class MainTexts {
@@ -58,14 +57,16 @@ struct Start {
 Start judge(const QStringList& arguments) {
   QString error;
   auto options = Options::parse(arguments, error);
-  if (!options)
-    return {{}, StartFailure{error + QLatin1Char('\n') + MainTexts::tr("Try --help."), 2}};
+  if (!options) return {{}, StartFailure{error, 2, MainTexts::tr("Try --help.")}};
   Start start{std::move(*options), std::nullopt};
   if (!start.needsWindow()) return start;
   // A tour changes settings, so it gets a root that nobody needs.
   if (start.options.root.isEmpty() && start.options.tourFolder.isEmpty())
     start.options.root = Options::defaultRoot();
-  if (!start.options.root.isEmpty()) start.failure = checkRoot(start.options.root);
+  if (!start.options.tourFolder.isEmpty())
+    start.failure = checkTourFolder(start.options.tourFolder);
+  if (!start.failure && !start.options.root.isEmpty())
+    start.failure = checkRoot(start.options.root);
   if (!start.failure && !start.options.page.isEmpty())
     start.failure =
         checkPage(start.options.page, LoadedBundle::defaultFolder(), start.options.root);
@@ -77,7 +78,7 @@ int runOnTerminal(int argc, char** argv) {
   installTranslations();
   // Once more, now that there is an application object for what is said to be translated.
   const Start start = judge(QCoreApplication::arguments());
-  if (start.failure) return fail(start.failure->text, start.failure->status);
+  if (start.failure) return fail(*start.failure);
   if (start.options.help) {
     std::fputs(qPrintable(Options::helpText()), stdout);
     return 0;
@@ -107,7 +108,7 @@ int runInWindow(int argc, char** argv, const Options& options) {
   SettingsApplication settings(host.platform(), host.graphicsServices(), host.uiKitServices(),
                                appearance);
   QString error;
-  if (!settings.open(LoadedBundle::defaultFolder(), error)) return fail(error, 1);
+  if (!settings.open(LoadedBundle::defaultFolder(), error)) return fail({error, 1});
   if (!options.page.isEmpty()) settings.openPage(options.page);
   // A tour's pictures are all of one size.
   const WindowState state(WindowState::defaultFile());

@@ -86,6 +86,10 @@ Shows the pages and writes the settings under a device root.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <source>--page needs the name of a row.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <source>--install-style needs a folder or a zip file.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -238,6 +242,10 @@ Shows the pages and writes the settings under a device root.</source>
     <name>StartTexts</name>
     <message>
         <source>Settings cannot be written under %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pictures cannot be saved in %1.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

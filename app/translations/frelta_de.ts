@@ -98,6 +98,10 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
         <source>--appearance takes light, dark or system, not &quot;%1&quot;.</source>
         <translation>--appearance nimmt light, dark oder system, nicht „%1“.</translation>
     </message>
+    <message>
+        <source>--page needs the name of a row.</source>
+        <translation>--page braucht den Namen einer Zeile.</translation>
+    </message>
 </context>
 <context>
     <name>Picker</name>
@@ -244,6 +248,10 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     <message>
         <source>There is no page &quot;%1&quot;.</source>
         <translation>Es gibt keine Seite „%1“.</translation>
+    </message>
+    <message>
+        <source>Pictures cannot be saved in %1.</source>
+        <translation>In %1 können keine Bilder gespeichert werden.</translation>
     </message>
 </context>
 <context>

@@ -66,6 +66,7 @@ TEST(Options, SayWhatIsWrong) {
                                     {QStringLiteral("--root")},
                                     {QStringLiteral("--root=")},
                                     {QStringLiteral("--tour=")},
+                                    {QStringLiteral("--page=")},
                                     {QStringLiteral("--install-style=")},
                                     {QStringLiteral("--replace")}};
   for (const QStringList& arguments : wrong) {

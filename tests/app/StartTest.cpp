@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QProcess>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -113,6 +114,40 @@ TEST_F(StartTest, RefusesARootThatCannotBeMade) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.errors,
             "frelta-settings: Settings cannot be written under /dev/null/x: Not a directory\n");
+}
+
+TEST_F(StartTest, SaysThatAPlugInIsMissingWhereADisplayWouldNotHelp) {
+  const Outcome outcome =
+      runWithRoot({QStringLiteral("-platform"), QStringLiteral("no-such-platform")});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, StartsWith("frelta-settings: No window can be opened: Could not find "
+                                         "the Qt platform plugin \"no-such-platform\""));
+}
+
+TEST_F(StartTest, ForgesNoSecondLine) {
+  const Outcome outcome =
+      run({QStringLiteral("--root"), QStringLiteral("/dev/null/x\nfrelta-settings: forged")});
+
+  EXPECT_EQ(std::ranges::count(outcome.errors, '\n'), 1);
+}
+
+TEST_F(StartTest, RefusesATourWhosePicturesHaveNoPlaceBeforeItLooksForADisplay) {
+  const Outcome outcome =
+      runWithRoot({QStringLiteral("--tour"), QStringLiteral("/dev/null/pictures")});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.errors, "frelta-settings: Pictures cannot be saved in /dev/null/pictures.\n");
+}
+
+TEST_F(StartTest, RefusesARootWithAFolderInTheSettingsPlace) {
+  std::filesystem::create_directories(root /
+                                      "var/mobile/Library/Preferences/com.tarno.freltaprefs.plist");
+
+  const Outcome outcome = runWithRoot({});
+
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, EndsWith(": Is a directory\n"));
 }
 
 TEST_F(StartTest, RefusesARootWhoseSettingsFolderCannotBeMade) {

@@ -8,6 +8,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
+#include <set>
+#include <string>
 
 #include "app/StyleRefusalText.h"
 
@@ -41,6 +43,13 @@ Texts textsOf(const QString& path) {
   return texts;
 }
 
+/// Without their order, which is another in a file that was brought up to date.
+std::multiset<std::string> sourcesOf(const Texts& texts) {
+  std::multiset<std::string> sources;
+  for (const QString& source : texts.sources) sources.insert(source.toStdString());
+  return sources;
+}
+
 int placesIn(const QString& text) {
   return static_cast<int>(text.count(QStringLiteral("%1")));
 }
@@ -50,7 +59,7 @@ TEST(Translations, TheGermanOneIsCompleteAndHasTheTemplatesTexts) {
   const Texts german = textsOf(pathOf("frelta_de.ts"));
 
   EXPECT_FALSE(pattern.sources.isEmpty());
-  EXPECT_EQ(german.sources, pattern.sources);
+  EXPECT_EQ(sourcesOf(german), sourcesOf(pattern));
   EXPECT_EQ(german.unfinished, 0);
   for (qsizetype i = 0; i < german.sources.size(); ++i) {
     EXPECT_FALSE(german.translations[i].isEmpty()) << german.sources[i].toStdString();
@@ -74,7 +83,7 @@ TEST(Translations, TheTemplateHasEveryTextOfTheApplicationAndItsWindow) {
   const Texts texts = textsOf(found);
 
   EXPECT_FALSE(texts.sources.isEmpty());
-  EXPECT_EQ(textsOf(pathOf("frelta.ts")).sources, texts.sources);
+  EXPECT_EQ(sourcesOf(textsOf(pathOf("frelta.ts"))), sourcesOf(texts));
 }
 
 TEST(Translations, AreUsedInTheUsersLanguage) {
