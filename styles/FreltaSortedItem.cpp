@@ -1,6 +1,7 @@
 #include "styles/FreltaSortedItem.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace frelta {
 
@@ -20,7 +21,8 @@ std::shared_ptr<const UIImage> FreltaSortedItem::generateIcon() {
 }
 
 void FreltaSortedItem::loadIcon(std::weak_ptr<const void>, IconHandler done) {
-  done(generateIcon());
+  const IconHandler handler = std::move(done);
+  handler(generateIcon());
 }
 
 }  // namespace frelta
