@@ -198,9 +198,30 @@ class Characters {
   std::size_t low_ = 1;  // which of a character's two bytes is the lower
 };
 
+/// The place after the tag or declaration that begins there, as expat finds it: a ">" in quotes
+/// ends none. Nothing where it is too long, or holds declarations of its own.
+std::optional<std::size_t> afterTag(const Characters& document, std::size_t begin,
+                                    std::size_t longest) {
+  char quote = 0;
+  for (std::size_t at = begin; at < begin + longest && at < document.size(); ++at) {
+    const char c = document.at(at);
+    if (quote != 0) {
+      if (c == quote) quote = 0;
+    } else if (c == '"' || c == '\'') {
+      quote = c;
+    } else if (c == '>') {
+      return at + 1;
+    } else if (c == '[') {
+      return std::nullopt;
+    }
+  }
+  return std::nullopt;
+}
+
 /// Expat reads all attributes of a tag, millions too, before it tells of one.
 bool areTagsShort(std::string_view bytes) {
   constexpr std::size_t kLongestTag = 256;
+  constexpr std::size_t kLongestType = 64 << 10;
   const Characters document(bytes);
   for (std::size_t at = 0; at < document.size();) {
     if (document.at(at) != '<') {
@@ -209,12 +230,12 @@ bool areTagsShort(std::string_view bytes) {
       at = document.after("-->", at + 4);
     } else if (document.has("<![CDATA[", at)) {
       at = document.after("]]>", at);
-    } else if (document.has("<?", at) || document.has("<!", at)) {
-      ++at;
+    } else if (document.has("<?", at)) {
+      at = document.after("?>", at);
     } else {
-      const std::size_t end = document.after(">", at);
-      if (end - at > kLongestTag) return false;
-      at = end;
+      const auto end = afterTag(document, at, document.has("<!", at) ? kLongestType : kLongestTag);
+      if (!end) return false;
+      at = *end;
     }
   }
   return true;

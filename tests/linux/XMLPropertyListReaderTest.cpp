@@ -323,6 +323,30 @@ TEST(XMLPropertyListReader, ATagMayHaveTwoHundredAndFiftySixCharactersInAnyEncod
   expectLimit("<!---->" + longest, "<!---->" + tooLong);
 }
 
+TEST(XMLPropertyListReader, NothingHidesHowLongATagIs) {
+  const std::string many(300, '1');
+  const std::string plist = "<plist version='" + many + "'><true/></plist>";
+
+  EXPECT_EQ(readXMLPropertyList("<plist version='>'><true/></plist>"), PropertyListValue(true));
+  EXPECT_EQ(readXMLPropertyList("<plist version='>" + many + "'><true/></plist>"), std::nullopt);
+  EXPECT_EQ(readXMLPropertyList("<plist version='\">" + many + "'><true/></plist>"), std::nullopt);
+  EXPECT_EQ(readXMLPropertyList("<?note <!-- ?>" + plist), std::nullopt);
+  EXPECT_EQ(readXMLPropertyList("<?note > <![CDATA[ ?>" + plist), std::nullopt);
+  EXPECT_EQ(readXMLPropertyList("<!DOCTYPE plist SYSTEM '<!--'>" + plist), std::nullopt);
+  EXPECT_EQ(readXMLPropertyList("<!DOCTYPE plist SYSTEM '>'><plist><true/></plist>"),
+            PropertyListValue(true));
+}
+
+TEST(XMLPropertyListReader, ATypeMayHaveSixtyFourKibibytes) {
+  const auto document = [](std::size_t length) {
+    const std::string start = "<!DOCTYPE plist SYSTEM '";
+    return start + std::string(length - start.size() - 2, 'x') + "'><plist><true/></plist>";
+  };
+
+  EXPECT_EQ(readXMLPropertyList(document(64 << 10)), PropertyListValue(true));
+  EXPECT_EQ(readXMLPropertyList(document((64 << 10) + 1)), std::nullopt);
+}
+
 TEST(XMLPropertyListReader, WhatIsNoTagMayBeLong) {
   const std::string text(1'000, 'x');
   const std::string plist = "<plist><true/></plist>";
