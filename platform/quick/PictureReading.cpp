@@ -1,11 +1,15 @@
 #include "quick/PictureReading.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <QFile>
 #include <QFileInfo>
 #include <exception>
 #include <string_view>
 
 #include "graphics/GraphicsServices.h"
+#include "linux/FileDescriptor.h"
 
 namespace frelta {
 
@@ -18,17 +22,23 @@ PicturePickerService::Result failure(const QString& sentence) {
 }  // namespace
 
 PicturePickerService::Result readPicture(const QString& path) try {
-  // Opening a pipe or a device could wait for ever.
-  if (!QFileInfo(path).isFile()) {
+  struct stat status;
+  // Opened without waiting, and looked at once it is open: a pipe may be put in the file's place.
+  const FileDescriptor descriptor(
+      ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (descriptor ? ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode)
+                 : !QFileInfo(path).isFile()) {
     return failure(QObject::tr("There is no file of that name, or it is not an ordinary one."));
   }
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return failure(QObject::tr("The file cannot be read."));
-  if (file.size() > static_cast<qint64>(ImageServices::kMaximumBytes)) {
+  QFile file;
+  if (!descriptor || !file.open(descriptor.get(), QIODevice::ReadOnly))
+    return failure(QObject::tr("The file cannot be read."));
+  // It may grow meanwhile.
+  const QByteArray bytes = file.read(static_cast<qint64>(ImageServices::kMaximumBytes) + 1);
+  if (bytes.size() > static_cast<qint64>(ImageServices::kMaximumBytes)) {
     return failure(
         QObject::tr("The file is larger than %1 MB.").arg(ImageServices::kMaximumBytes >> 20));
   }
-  const QByteArray bytes = file.readAll();
   const auto picture = GraphicsServices::current().images->imageWithData(
       std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
   // It is to be stored as one, by the main thread.

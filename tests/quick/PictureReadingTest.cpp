@@ -1,13 +1,18 @@
 #include "quick/PictureReading.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
+#include <atomic>
+#include <cstdio>
 #include <new>
+#include <thread>
 
 #include "foundation/Base64.h"
 #include "graphics/GraphicsServices.h"
@@ -108,6 +113,32 @@ TEST_F(PictureReading, SaysWhyOfAFileThatIsNoPictureOrTooLarge) {
     EXPECT_THAT(result.failure, HasSubstr("has too many pixels"));
   }
   EXPECT_EQ(images.encodings, 0);
+}
+
+TEST_F(PictureReading, WaitsForNoPipe) {
+  const QString path = folder.filePath(QStringLiteral("a pipe"));
+  ASSERT_EQ(::mkfifo(qPrintable(path), 0600), 0);
+
+  const auto result = readPicture(path);
+
+  EXPECT_EQ(result.picture, nullptr);
+  EXPECT_THAT(result.failure, HasSubstr("not an ordinary one"));
+}
+
+TEST_F(PictureReading, WaitsForNoPipeThatTakesAFilesPlaceMeanwhile) {
+  const QString path = folder.filePath(QStringLiteral("a picture"));
+  const QString pipe = folder.filePath(QStringLiteral("a pipe"));
+  ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+  ASSERT_EQ(::mkfifo(qPrintable(pipe), 0600), 0);
+  std::atomic<bool> isDone = false;
+  std::thread neighbour([&] {
+    while (!isDone)
+      ::renameat2(AT_FDCWD, qPrintable(path), AT_FDCWD, qPrintable(pipe), RENAME_EXCHANGE);
+  });
+
+  for (int pick = 0; pick < 20'000; ++pick) readPicture(path);
+  isDone = true;
+  neighbour.join();
 }
 
 TEST_F(PictureReading, SaysWhyWhenThereIsNoMemory) {
