@@ -89,12 +89,14 @@ std::vector<std::size_t> endsOf(std::string_view bytes) {
   return ends;
 }
 
-/// How many headers the list is made of, none if it does not end with one; it stops beyond the
-/// limit.
+/// How many headers the list is made of, none if it does not end with one or a name ends before its
+/// length says so: libzip would take it for another. It stops beyond the limit.
 std::optional<std::size_t> countOf(std::string_view list, std::size_t limit) {
   std::size_t count = 0;
   for (std::size_t at = 0; at < list.size() && count <= limit; ++count) {
     if (!isAt(list, at, kHeader) || list.size() - at < kHeaderSize) return std::nullopt;
+    const std::string_view name = list.substr(at + kHeaderSize, number(list, at + 28, 2));
+    if (name.find('\0') != name.npos) return std::nullopt;
     at += kHeaderSize + number(list, at + 28, 2) + number(list, at + 30, 2) +
           number(list, at + 32, 2);
     if (at > list.size()) return std::nullopt;

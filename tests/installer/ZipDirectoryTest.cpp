@@ -54,6 +54,13 @@ TEST_F(ZipDirectoryTest, IsFoundWithItsPlaceAndSize) {
   EXPECT_EQ(directory.offset + directory.list.size() + 22, bytes.size());
 }
 
+TEST_F(ZipDirectoryTest, WithANameThatALibraryWouldCutIsRefused) {
+  GeneratedZip zip = style();
+  zip.add(std::string("A.theme/Images/\0x", 17), "key");
+
+  EXPECT_EQ(refused(zip.bytes()), Reason::Damaged);
+}
+
 TEST_F(ZipDirectoryTest, OfAnArchiveWithACommentIsFound) {
   for (const std::size_t size : {1U, 21U, 0xffffU}) {
     write(sources() / "a.zip", style().bytes({.comment = std::string(size, 'c')}));
