@@ -378,10 +378,10 @@ TEST_F(FreltaImageCellTest, ACancelledPickIsToldAlsoWhenItsCellIsGone) {
 
 TEST_F(FreltaImageCellTest, ReadsThePictureBesideTheMainThreadAndShowsItWhenItIsThere) {
   platform.useWorkQueue();
-  putPicture("/other.png", 30, 20);
-  open({{"backgroundImage", "/other.png"}});
+  putPicture("/never-shown.png", 30, 20);
+  open({{"backgroundImage", "/never-shown.png"}});
   const bool isReadAtOnce = std::ranges::any_of(
-      platform.files.calls(), [](const auto& call) { return call.path == "/other.png"; });
+      platform.files.calls(), [](const auto& call) { return call.path == "/never-shown.png"; });
   const UIImage* atFirst = shown();
 
   while (platform.workQueue.runNext()) {
