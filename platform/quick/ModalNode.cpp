@@ -18,13 +18,16 @@ void ModalNode::itemMade() {
 
 void ModalNode::windowChanged(QQuickWindow* window) {
   if (window_) window_->removeEventFilter(this);
+  // What was presented over this one, and stays, keeps the keyboard.
+  const QQuickItem* focused = window_ ? window_->activeFocusItem() : nullptr;
+  const bool isElsewhere = focused && focused != window_->contentItem();
   window_ = window;
   if (window) {
     focusBefore_ = window->activeFocusItem();
     window->installEventFilter(this);
     // The items of the subviews are still to be made.
     QMetaObject::invokeMethod(this, &ModalNode::takeKeyboard, Qt::QueuedConnection);
-  } else if (focusBefore_ && focusBefore_->window()) {
+  } else if (!isElsewhere && focusBefore_ && focusBefore_->window()) {
     // The reason decides whether a focus ring shows, as before.
     focusBefore_->forceActiveFocus(
         static_cast<Qt::FocusReason>(focusBefore_->property("focusReason").toInt()));
