@@ -73,11 +73,13 @@ Start judge(const QStringList& arguments) {
   return start;
 }
 
-int runOnTerminal(int argc, char** argv) {
+int runOnTerminal(int argc, char** argv, const Start& judged) {
   const QCoreApplication application(argc, argv);
   installTranslations();
-  // Once more, now that there is an application object for what is said to be translated.
-  const Start start = judge(QCoreApplication::arguments());
+  // Once more, now that there is an application object for what is said to be translated; what
+  // hindered may be gone by now, and no window opens here.
+  const Start again = judge(QCoreApplication::arguments());
+  const Start& start = again.needsWindow() ? judged : again;
   if (start.failure) return fail(*start.failure);
   if (start.options.help) {
     std::fputs(qPrintable(Options::helpText()), stdout);
@@ -131,5 +133,6 @@ int main(int argc, char** argv) {
   for (const char* argument : std::span(argv, argc))
     arguments.append(QString::fromLocal8Bit(argument));
   const Start start = judge(arguments);
-  return start.needsWindow() ? runInWindow(argc, argv, start.options) : runOnTerminal(argc, argv);
+  return start.needsWindow() ? runInWindow(argc, argv, start.options)
+                             : runOnTerminal(argc, argv, start);
 }
