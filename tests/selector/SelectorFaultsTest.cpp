@@ -9,7 +9,20 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class SelectorFaults : public SelectorTest {};
+class SelectorFaults : public SelectorTest {
+ protected:
+  /// The second card is filled with a group that is open now.
+  void showAndOpenTheSecondGroup(const std::shared_ptr<Selector>& selector) {
+    show(selector);
+    selector->setIsGrouped(true);
+    const Group second = groupOf(2);
+    selector->setSortedStyles({groupOf(1), second});
+    selector->tableView()->reloadData();
+    window.layoutIfNeeded();
+    second->setIsExpanded(true);
+    cellAt(*selector, {1, 1})->setSortedStyleItem(second);
+  }
+};
 
 TEST_F(SelectorFaults, AnEmptyGroupIsAnExceptionThatLeavesTheRowsBeforeIt) {
   const auto selector = show(Selector::init());
@@ -374,15 +387,8 @@ TEST_F(SelectorFaults, ASecondTapTellsTheScreenOnceItHasClearedTheSelection) {
 
 TEST_F(SelectorFaults, AnOpenGroupTellsTheScreenOfItsRowBeforeItSelectsIt) {
   const auto selector = initSelector<ToldSelector>(FreltaStyleModeImages);
-  show(selector);
-  selector->setIsGrouped(true);
-  const Group a = groupOf(2);
-  selector->setSortedStyles({groupOf(1), a});
-  selector->tableView()->reloadData();
-  window.layoutIfNeeded();
-  a->setIsExpanded(true);
 
-  cellAt(*selector, {1, 1})->setSortedStyleItem(a);
+  showAndOpenTheSecondGroup(selector);
 
   EXPECT_THAT(selector->selections, ElementsAre(std::pair(IndexPath{1, 1}, std::nullopt)));
 }
@@ -403,15 +409,8 @@ TEST_F(SelectorFaults, AnOpenGroupTellsAndSelectsItsRowWithinOneUpdateOfTheTable
     std::size_t askedWhenTold = 9;
   };
   const auto selector = initSelector<AskedSelector>(FreltaStyleModeImages);
-  show(selector);
-  selector->setIsGrouped(true);
-  const Group a = groupOf(2);
-  selector->setSortedStyles({groupOf(1), a});
-  selector->tableView()->reloadData();
-  window.layoutIfNeeded();
-  a->setIsExpanded(true);
 
-  cellAt(*selector, {1, 1})->setSortedStyleItem(a);
+  showAndOpenTheSecondGroup(selector);
 
   EXPECT_EQ(selector->askedWhenTold, 0U);
   EXPECT_THAT(selector->selectedWhenAsked, ElementsAre(IndexPath{1, 1}, IndexPath{1, 1}));
