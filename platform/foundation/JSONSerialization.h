@@ -14,7 +14,7 @@ class JSONSerialization {
   /// Containers inside containers that the reader follows; deeper documents are refused.
   static constexpr int kMaximumDepth = 128;
   /// Values in one document.
-  static constexpr std::size_t kMaximumNodes = 4'000'000;
+  static constexpr std::size_t kMaximumNodes = 200'000;
 
   virtual ~JSONSerialization() = default;
 

@@ -15,7 +15,7 @@ class PropertyListSerialization {
   /// Containers inside containers that a reader follows; deeper documents are refused.
   static constexpr int kMaximumDepth = 128;
   /// Values in one document, keys not counted.
-  static constexpr std::size_t kMaximumNodes = 4'000'000;
+  static constexpr std::size_t kMaximumNodes = 200'000;
   /// Bytes of one document.
   static constexpr std::size_t kMaximumBytes = std::size_t{64} << 20;
 

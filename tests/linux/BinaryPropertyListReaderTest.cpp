@@ -290,6 +290,21 @@ TEST(BinaryPropertyListReader, WhatIsSharedWithinWhatIsSharedMayBecomeFourMebiby
   EXPECT_GT(most, 250U);
 }
 
+TEST(BinaryPropertyListReader, FourMegabytesOfReferencesTakeLittleMemory) {
+  const auto shared = [](std::size_t count) {
+    return AssembledBinaryPropertyList{
+        {"\xAF\x12"s + bigEndian(count, 4) + std::string(count, '\1'), "\xA0"s}}
+        .bytes();
+  };
+  const PeakMemory memory;
+
+  EXPECT_TRUE(readBinaryPropertyList(shared(PropertyListSerialization::kMaximumNodes - 1)));
+  EXPECT_FALSE(readBinaryPropertyList(shared(PropertyListSerialization::kMaximumNodes)));
+  EXPECT_FALSE(readBinaryPropertyList(shared(3'900'000)));
+
+  EXPECT_LT(memory.growth(), std::uint64_t{32} << 20);
+}
+
 TEST(BinaryPropertyListReader, SharedTextCountsAsOftenAsItIsVisited) {
   // A mebibyte of text, referred to 65 times.
   const std::string text = "\x5F\x12"s + bigEndian(1 << 20, 4) + std::string(1 << 20, 'x');

@@ -267,6 +267,18 @@ TEST(XMLPropertyListReader, RefusesMoreValuesThanTheLimit) {
   EXPECT_FALSE(readBody(tooMany));
 }
 
+TEST(XMLPropertyListReader, AsManyKeysAsMayBeTakeLittleMemory) {
+  std::string body = "<dict>";
+  for (std::size_t i = 0; i < PropertyListSerialization::kMaximumNodes - 1; ++i)
+    body += "<key>" + std::to_string(i) + "</key><true/>";
+  body += "</dict>";
+  const PeakMemory memory;
+
+  EXPECT_TRUE(readBody(body));
+
+  EXPECT_LT(memory.growth(), std::uint64_t{64} << 20);
+}
+
 TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
   const std::string blob(50'000'000, '\x80');
 
