@@ -57,12 +57,16 @@ void ViewMirror::syncAll() {
   // Rows that come with new colours make new nodes.
   const QSet<ViewNode*> nodes = nodes_;
   for (ViewNode* node : nodes) {
-    if (node->view() && node->view()->isDescendantOfView(root_)) node->sync();
+    if (node->view() && isInTree(*node->view())) node->sync();
   }
 }
 
 const UIView* ViewMirror::frontLayer() const {
   return root_.subviews().empty() ? nullptr : root_.subviews().back().get();
+}
+
+bool ViewMirror::isInTree(const UIView& view) const {
+  return view.isDescendantOfView(root_);
 }
 
 bool ViewMirror::isReachable(const UIView& view) const {

@@ -38,6 +38,8 @@ class ViewMirror : public QObject {
   /// technology from what it covers.
   bool isReachable(const UIView& view) const;
 
+  /// Whether the view is in the window now; others wait to come back.
+  bool isInTree(const UIView& view) const;
   ViewNode& nodeFor(UIView& view);
   QQuickItem* makeItem(ViewNode& node);
   /// One for each view that has been shown and is not gone.

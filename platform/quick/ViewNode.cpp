@@ -95,8 +95,9 @@ void ViewNode::catchUp() {
 
 void ViewNode::sync() {
   dirty_ = false;
-  round_ = mirror_.round();
   if (!view_) return;
+  // What covers the view is not known while it is in no window: then it has yet to catch up.
+  round_ = mirror_.isInTree(*view_) ? mirror_.round() : kNoRound;
   const std::optional<UIColor> color = view_->presentation().backgroundColor;
   backgroundColor_ = color ? mirror_.theme().resolve(*color) : QColor(Qt::transparent);
   cornerRadius_ = view_->cornerRadius();

@@ -81,7 +81,8 @@ class ViewNode : public QObject, public UIViewObserver {
   QPointer<QQuickItem> item_;
   bool treeDirty_ = true;
   bool dirty_ = true;
-  unsigned round_ = 0;  // of the mirror, when the snapshot was taken
+  static constexpr unsigned kNoRound = -1U;
+  unsigned round_ = 0;  // of the mirror, when the snapshot was taken; none while out of the tree
 
   QColor backgroundColor_ = Qt::transparent;
   double cornerRadius_ = 0;
