@@ -2,6 +2,8 @@
 
 #include <QFocusEvent>
 
+#include "quick/QuickWindow.h"
+
 namespace frelta {
 
 bool FocusItem::visualFocus() const {
@@ -11,8 +13,20 @@ bool FocusItem::visualFocus() const {
 
 void FocusItem::focusInEvent(QFocusEvent* event) {
   QQuickItem::focusInEvent(event);
-  // A window that comes back to the front leaves it as it was.
-  setFocusReason(event->reason() == Qt::ActiveWindowFocusReason ? reason_ : event->reason());
+  switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+      // A window that comes back to the front leaves it as it was.
+      setFocusReason(reason_);
+      break;
+    case Qt::OtherFocusReason: {
+      // So does what brings its page back; whoever went back by keys sees where they are.
+      const auto* quick = qobject_cast<const QuickWindow*>(window());
+      setFocusReason(quick && quick->isUsedByKeys() ? Qt::TabFocusReason : reason_);
+      break;
+    }
+    default:
+      setFocusReason(event->reason());
+  }
 }
 
 void FocusItem::focusOutEvent(QFocusEvent* event) {

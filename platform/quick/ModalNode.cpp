@@ -1,6 +1,6 @@
 #include "quick/ModalNode.h"
 
-#include "quick/ViewMirror.h"
+#include "quick/QuickWindow.h"
 
 namespace frelta {
 
@@ -38,7 +38,10 @@ void ModalNode::takeKeyboard() {
   if (!view() || !window_) return;
   UIView* first = initialFocus();
   QQuickItem* wanted = first ? mirror().nodeFor(*first).item() : nullptr;
-  (wanted ? wanted : item())->forceActiveFocus(Qt::PopupFocusReason);
+  // Whoever came by keys sees at once where they go next.
+  const auto* quick = qobject_cast<const QuickWindow*>(window_);
+  const bool byKeys = quick && quick->isUsedByKeys();
+  (wanted ? wanted : item())->forceActiveFocus(byKeys ? Qt::TabFocusReason : Qt::PopupFocusReason);
 }
 
 }  // namespace frelta

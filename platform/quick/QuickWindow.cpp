@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "quick/EventGuard.h"
+#include "quick/FocusKeeper.h"
 #include "uikit/UIAccessibilityState.h"
 
 namespace frelta {
@@ -34,6 +35,7 @@ QuickWindow::QuickWindow(std::shared_ptr<UIViewController> root, Appearance& app
   useAppearance();
   connect(&appearance_, &Appearance::changed, this, &QuickWindow::useAppearance);
   connect(this, &QQuickWindow::afterAnimating, mirror_.get(), &ViewMirror::flush);
+  new FocusKeeper(*this);
   QAccessible::installActivationObserver(this);
   UIAccessibilitySetVoiceOverRunning(QAccessible::isActive());
 }
@@ -62,8 +64,10 @@ void QuickWindow::useAppearance() {
 }
 
 bool QuickWindow::event(QEvent* event) {
+  if (event->type() == QEvent::KeyPress) usedByKeys_ = true;
   if (!event->isPointerEvent()) return QQuickWindow::event(event);
   const auto& pointer = static_cast<const QPointerEvent&>(*event);
+  if (pointer.isBeginEvent()) usedByKeys_ = false;
   gestures_.watch(pointer);
   const bool taken = QQuickWindow::event(event);
   gestures_.noteGrabber(pointer);

@@ -30,6 +30,10 @@ class QuickWindow : public QQuickWindow, private QAccessible::ActivationObserver
   /// The item that shows the view; null when it is not on the screen.
   QQuickItem* itemFor(const UIView& view) const;
 
+  /// Whether the user's last input was a key and not the pointer: what takes the keyboard then
+  /// shows that it has it.
+  bool isUsedByKeys() const { return usedByKeys_; }
+
   /// Called for the keys that mean "back": Escape, Alt+Left and the back key.
   void setBackHandler(std::function<void()> handler) { back_ = std::move(handler); }
 
@@ -54,6 +58,7 @@ class QuickWindow : public QQuickWindow, private QAccessible::ActivationObserver
   Gestures gestures_;
   std::unique_ptr<ViewMirror> mirror_;
   std::function<void()> back_;
+  bool usedByKeys_ = false;
 };
 
 }  // namespace frelta

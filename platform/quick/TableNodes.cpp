@@ -42,6 +42,9 @@ void TableNode::syncContents() {
   const bool goesOn = table.style() == UITableViewStyle::Plain && !cells.empty();
   const auto ground = goesOn ? cells.back()->backgroundColor() : std::nullopt;
   groundBelow_ = ground ? mirror().theme().resolve(*ground) : QColor(Qt::transparent);
+  title_.clear();
+  for (const UIView* view = &table; view && title_.isEmpty(); view = view->superview())
+    title_ = QString::fromStdString(view->accessibility().label);
 }
 
 void TableNode::scrolledTo(double y) {

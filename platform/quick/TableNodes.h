@@ -22,6 +22,8 @@ class TableNode : public ViewNode {
   QML_UNCREATABLE("Nodes are made by the mirror.")
   Q_PROPERTY(double contentHeight MEMBER contentHeight_ NOTIFY changed)
   Q_PROPERTY(double contentY MEMBER contentY_ NOTIFY changed)
+  /// The title of the page that it is on.
+  Q_PROPERTY(QString title MEMBER title_ NOTIFY changed)
   Q_PROPERTY(double sideMargin READ sideMargin NOTIFY sideMarginChanged)
   /// Of a plain table's last row, which goes on below it; see-through otherwise.
   Q_PROPERTY(QColor groundBelow MEMBER groundBelow_ NOTIFY changed)
@@ -47,6 +49,7 @@ class TableNode : public ViewNode {
   double contentHeight_ = 0;
   double contentY_ = 0;
   QColor groundBelow_ = Qt::transparent;
+  QString title_;
 };
 
 class CellNode : public ViewNode {

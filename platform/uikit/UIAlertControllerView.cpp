@@ -72,7 +72,8 @@ void UIAlertControllerView::addButtons() {
     separators_.push_back(card_->addSubview(coloured(UIColor::separatorColor())));
     UIButton* button = buttons_.emplace_back(card_->addSubview(std::make_unique<UIButton>()));
     button->setTitle(action->title());
-    button->setTitleFont(action->style() == UIAlertActionStyle::Cancel
+    // What stands out is what the Return key presses.
+    button->setTitleFont(action.get() == controller_.defaultAction()
                              ? UIFont::semiboldSystemFontOfSize(kTitlePointSize)
                              : UIFont::systemFontOfSize(kTitlePointSize));
     if (action->style() == UIAlertActionStyle::Destructive)

@@ -95,6 +95,8 @@ void UINavigationController::updateBar() {
   if (count > 1 && !stack_.back()->navigationItem().hidesBackButton()) {
     backTitle = stack_[count - 2]->title();
   }
+  // What is read when the screen opens.
+  if (count) stack_.back()->view().setAccessibility({.label = stack_.back()->title()});
   bar_->show(count ? stack_.back()->title() : std::string(), backTitle);
   bar_->showRightItem(count ? stack_.back()->navigationItem().rightBarButtonItem() : nullptr);
 }

@@ -54,6 +54,24 @@ TEST_F(UIAlertControllerTest, ClosesBeforeItsActionRunsSoThatTheNextAlertMayBePr
   EXPECT_THAT(platform.log.lines, IsEmpty());
 }
 
+TEST_F(UIAlertControllerTest, TheButtonThatTheReturnKeyPressesStandsOut) {
+  const std::vector<std::pair<std::shared_ptr<UIAlertController>, std::string>> alerts{
+      {makeAlert({{"Cancel", Cancel}, {"Done", Default}}), "Done"},
+      {makeAlert({{"Confirm", Destructive}, {"Cancel", Cancel}}), "Cancel"},
+      {makeAlert({{"Import", Default}, {"Create", Default}, {"Cancel", Cancel}}), "Import"},
+      {makeAlert({{"OK", Cancel}}), "OK"},
+      {makeAlert({{"One", Destructive}, {"Other", Destructive}}), ""}};
+  for (const auto& [alert, expected] : alerts) {
+    std::string bold;
+
+    for (const UIButton* button : static_cast<UIAlertControllerView&>(alert->view()).buttons()) {
+      if (button->titleFont().weight != UIFont::Weight::Regular) bold += button->title().value();
+    }
+
+    EXPECT_EQ(bold, expected);
+  }
+}
+
 TEST_F(UIAlertControllerTest, PerformsAnActionOnceAndOnlyWhileItIsShown) {
   const auto alert = makeAlert({{"OK", Default}});
 

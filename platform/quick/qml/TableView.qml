@@ -7,6 +7,18 @@ Item {
     required property TableNode node
     property Item content: rows
 
+    // The page: it has the keyboard while none of its rows has.
+    Keys.onDownPressed: {
+        const first = nextItemInFocusChain(true);
+        if (first)
+            first.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    Accessible.ignored: node.accessibleHidden
+    Accessible.role: Accessible.List
+    Accessible.name: node.title
+    Accessible.focusable: true
+
     Rectangle {
         x: flickable.x
         width: flickable.width
