@@ -6,27 +6,37 @@
 namespace frelta {
 
 namespace {
-const QString kConnectionName = QStringLiteral("frelta-broadcast-listener");
+
+QString nextConnection() {
+  static int count = 0;
+  return QStringLiteral("frelta-broadcast-listener-%1").arg(++count);
+}
+
 }  // namespace
 
-BroadcastListener::BroadcastListener() {
-  QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, kConnectionName);
+BroadcastListener::BroadcastListener() : connection_(nextConnection()) {
+  // By its address: the library would keep to the one that it found first.
+  const QString address = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+  QDBusConnection bus =
+      address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection_)
+                        : QDBusConnection::connectToBus(address, connection_);
   listening_ = bus.isConnected() &&
                bus.connect(QString(), QStringLiteral("/com/tarno/DarwinNotificationCenter"),
                            QStringLiteral("com.tarno.DarwinNotificationCenter"),
-                           QStringLiteral("Posted"), this, SLOT(posted(QString)));
+                           QStringLiteral("Posted"), this, SLOT(posted(QString, QDBusMessage)));
 }
 
 BroadcastListener::~BroadcastListener() {
-  QDBusConnection::disconnectFromBus(kConnectionName);
+  QDBusConnection::disconnectFromBus(connection_);
 }
 
 QStringList BroadcastListener::takeHeard() {
-  return std::exchange(heard_, {});
+  return std::exchange(names_, {});
 }
 
-void BroadcastListener::posted(const QString& name) {
-  heard_.append(name);
+void BroadcastListener::posted(const QString& name, const QDBusMessage& message) {
+  names_.append(name);
+  Q_EMIT heard(name, message.service());
 }
 
 }  // namespace frelta

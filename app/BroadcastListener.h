@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusMessage>
 #include <QObject>
 #include <QStringList>
 
@@ -18,12 +19,17 @@ class BroadcastListener : public QObject {
   /// Names heard since the last call, in order.
   QStringList takeHeard();
 
+ Q_SIGNALS:
+  /// The sender as the bus calls it.
+  void heard(const QString& name, const QString& sender);
+
  private Q_SLOTS:
-  void posted(const QString& name);
+  void posted(const QString& name, const QDBusMessage& message);
 
  private:
+  const QString connection_;
   bool listening_ = false;
-  QStringList heard_;
+  QStringList names_;
 };
 
 }  // namespace frelta

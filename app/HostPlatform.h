@@ -34,6 +34,8 @@ class HostPlatform {
   Platform platform();
   GraphicsServices graphicsServices();
   UIKitServices uiKitServices();
+  /// What platform() posts with; lives as long as this.
+  LinuxDarwinNotificationCenter& notifications() { return notifications_; }
 
  private:
   LinuxFileManager files_;

@@ -69,8 +69,8 @@ int runInstallCommand(const Options& options) {
   }
   const QString name = QString::fromStdString(std::get<InstalledStyle>(result).name);
   std::puts(terminalText(InstallCommand::installed(name)).constData());
-  // The keyboard may be showing the style that was there.
-  if (options.replace) notifications.post(kRefreshNotification);
+  // Other windows list the style, and the keyboard may be showing the one that was there.
+  notifications.post(kRefreshNotification);
   return 0;
 }
 

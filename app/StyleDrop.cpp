@@ -103,7 +103,7 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
   job_.reset();
   hideNote();
   if (const auto* style = std::get_if<InstalledStyle>(&result)) {
-    styleInstalled(*style, done.replace);
+    styleInstalled(*style);
   } else {
     const auto& refusal = std::get<StyleRefusal>(result);
     if (refusal.reason == StyleRefusalReason::AlreadyInstalled) {
@@ -117,17 +117,16 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
 
 void StyleDrop::abandonedJobFinished(const StyleInstallJob& job,
                                      const StyleInstallJob::Result& result) {
-  const bool replaced = job.installation().replace;
   std::erase_if(abandoned_, [&](const auto& abandoned) { return abandoned.get() == &job; });
   // The cancel came too late.
-  if (const auto* style = std::get_if<InstalledStyle>(&result)) styleInstalled(*style, replaced);
+  if (const auto* style = std::get_if<InstalledStyle>(&result)) styleInstalled(*style);
 }
 
-void StyleDrop::styleInstalled(const InstalledStyle& style, bool replaced) {
+void StyleDrop::styleInstalled(const InstalledStyle& style) {
   showNote(tr("“%1” was installed.").arg(QString::fromStdString(style.name)), kNoBar,
            kNoteMilliseconds);
-  // The keyboard may be showing the style that was there.
-  if (replaced) Platform::current().darwinNotificationCenter->post(kRefreshNotification);
+  // Other windows list the style, and the keyboard may be showing the one that was there.
+  Platform::current().darwinNotificationCenter->post(kRefreshNotification);
   // A page takes up what is new as if it came back into view.
   guardEvent([&] {
     if (UIViewController* page = navigation_.topViewController()) page->viewWillAppear(false);

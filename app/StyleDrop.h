@@ -51,7 +51,7 @@ class StyleDrop : public QObject {
   void startNext();
   void jobFinished(const StyleInstallJob::Result& result);
   void abandonedJobFinished(const StyleInstallJob& job, const StyleInstallJob::Result& result);
-  void styleInstalled(const InstalledStyle& style, bool replaced);
+  void styleInstalled(const InstalledStyle& style);
   void askToReplace(const QString& path, const std::string& name);
   void tellError(const QString& text);
   /// The controller that may present: the one over all others.

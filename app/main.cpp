@@ -8,6 +8,7 @@
 #include <span>
 #include <utility>
 
+#include "app/BroadcastFollower.h"
 #include "app/HostPlatform.h"
 #include "app/InstallCommand.h"
 #include "app/LoadedBundle.h"
@@ -118,6 +119,7 @@ int runInWindow(int argc, char** argv, const Options& options) {
   settings.window()->show();
   if (tour) return Tour(settings, options.tourFolder).run() ? 0 : 1;
   const StyleDrop drop(*settings.window(), *settings.navigationController(), root.toStdString());
+  const BroadcastFollower follower(host.notifications(), *settings.navigationController());
   const int status = QGuiApplication::exec();
   state.save(*settings.window());
   return status;

@@ -53,6 +53,11 @@ void LinuxDarwinNotificationCenter::post(std::string_view name) {
   }
 }
 
+std::string LinuxDarwinNotificationCenter::senderName() const {
+  const char* name = nullptr;
+  return bus_ && ::sd_bus_get_unique_name(bus_, &name) >= 0 ? name : std::string();
+}
+
 bool LinuxDarwinNotificationCenter::connect() {
   if (::sd_bus_open_user(&bus_) < 0) {
     bus_ = nullptr;

@@ -25,6 +25,10 @@ class LinuxDarwinNotificationCenter : public DarwinNotificationCenter {
 
   void post(std::string_view name) override;
 
+  /// What the bus calls this sender, which tells its posts from others'; empty before the first
+  /// post and while the bus is lost.
+  std::string senderName() const;
+
  private:
   using Clock = std::chrono::steady_clock;
   enum class Outcome { Done, Lost, TimedOut };

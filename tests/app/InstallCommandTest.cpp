@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 #include <QProcess>
+#include <QTest>
 #include <filesystem>
 #include <fstream>
 
+#include "app/BroadcastListener.h"
+#include "tests/support/PrivateBus.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace frelta {
@@ -22,13 +25,13 @@ class InstallCommandTest : public testing::Test {
   };
   /// In a process without any display.
   Outcome run(const QStringList& more = {}) const { return install(source, more); }
-  Outcome install(const std::filesystem::path& file, const QStringList& more = {}) const {
+  Outcome install(const std::filesystem::path& file, const QStringList& more = {},
+                  const std::string& bus = "unix:path=/nonexistent") const {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
     // Others listen on the session's bus for broadcasts of their own.
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                       QStringLiteral("unix:path=/nonexistent"));
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromStdString(bus));
     QProcess program;
     program.setProcessEnvironment(environment);
     program.start(
@@ -54,6 +57,17 @@ TEST_F(InstallCommandTest, InstallsBesideTheExamples) {
   EXPECT_EQ(outcome.errors, "");
   EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/Key.png"));
   EXPECT_TRUE(std::filesystem::exists(themes() / "Example Images.theme/Images/Key.png"));
+}
+
+TEST_F(InstallCommandTest, TellsOpenWindowsOfTheStyle) {
+  const PrivateBus bus;
+  BroadcastListener listener;
+
+  install(source, {}, qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString());
+
+  QStringList heard;
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !(heard += listener.takeHeard()).isEmpty(); }, 20'000));
+  EXPECT_EQ(heard, QStringList{QStringLiteral("com.tarno.frelta.refresh")});
 }
 
 TEST_F(InstallCommandTest, SaysHowAStyleOfTheNameIsReplaced) {

@@ -82,6 +82,8 @@ TEST_F(StyleDropTest, InstallsTheFolderThatIsDropped) {
   EXPECT_TRUE(std::filesystem::exists(themes() / "Sea.theme/Images/0"));
   EXPECT_EQ(noteText(), QStringLiteral("“Sea.theme” was installed."));
   EXPECT_EQ(window.driver->alert(), nullptr);
+  EXPECT_THAT(window.platform.notifications.posted,
+              testing::ElementsAre("com.tarno.frelta.refresh"));
 }
 
 TEST_F(StyleDropTest, InstallsSeveralOneAfterTheOther) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+#include "app/BroadcastListener.h"
+#include "linux/LinuxDarwinNotificationCenter.h"
+#include "uikit/UINavigationController.h"
+
+namespace frelta {
+
+/// Keeps the page on top the same as what others write, another window of this application among
+/// them: whoever writes, broadcasts.
+class BroadcastFollower : public QObject {
+ public:
+  /// The centre is the one that this process posts with. Neither is owned; both outlive this.
+  BroadcastFollower(LinuxDarwinNotificationCenter& centre, UINavigationController& navigation);
+
+ private:
+  void heard(const QString& name, const QString& sender);
+  void showWhatHolds();
+
+  LinuxDarwinNotificationCenter& centre_;
+  UINavigationController& navigation_;
+  BroadcastListener listener_;
+  bool isDue_ = false;
+};
+
+}  // namespace frelta
