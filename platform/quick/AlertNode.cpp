@@ -4,6 +4,7 @@
 #include <QQuickWindow>
 
 #include "quick/EventGuard.h"
+#include "quick/FocusItem.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
@@ -37,8 +38,17 @@ bool AlertNode::eventFilter(QObject* watched, QEvent* event) {
       moveFocus(key == Qt::Key_Tab);
       return true;
     }
+    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && isOnButtonWithoutRing()) {
+      if (!static_cast<QKeyEvent*>(event)->isAutoRepeat()) pressDefault();
+      return true;
+    }
   }
   return ModalNode::eventFilter(watched, event);
+}
+
+bool AlertNode::isOnButtonWithoutRing() const {
+  const auto* button = qobject_cast<const FocusItem*>(window()->activeFocusItem());
+  return button && item()->isAncestorOf(button) && !button->visualFocus();
 }
 
 void AlertNode::moveFocus(bool forwards) {

@@ -30,6 +30,8 @@ class AlertNode : public ModalNode {
  private:
   void press(UIAlertAction* action);
   void moveFocus(bool forwards);
+  /// Such as one that the pointer was pressed on and left again: it does not stand out.
+  bool isOnButtonWithoutRing() const;
 
   QString title_;
 };

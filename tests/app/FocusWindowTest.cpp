@@ -237,6 +237,24 @@ TEST_F(FocusWindow, ShowsItsRingInTheColourDialogueOnWhatReturnPresses) {
   EXPECT_EQ(window.settings().at("CustomTextColour"), PropertyListValue("#007AFFFF"));
 }
 
+TEST_F(FocusWindow, ReturnPressesWhatStandsOutAndNotWhatThePointerHasLeft) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_TRUE(window.driver->tapRow("CustomTextColour"));
+  settle();
+  const auto& alert = static_cast<UIAlertControllerView&>(window.driver->alert()->view());
+  const QQuickItem* cancel = quick().itemFor(*alert.buttons()[0]);
+  const QPoint middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2}).toPoint();
+  QTest::mousePress(&quick(), Qt::LeftButton, {}, middle);
+  QTest::mouseRelease(&quick(), Qt::LeftButton, {}, QPoint(1, 1));
+  settle();
+  ASSERT_EQ(told(), "Cancel");
+
+  key(Qt::Key_Return);
+
+  EXPECT_EQ(window.driver->alert(), nullptr);
+  EXPECT_EQ(window.settings().at("CustomTextColour"), PropertyListValue("#007AFFFF"));
+}
+
 TEST_F(FocusWindow, ShowsNoRingInAnAlertThatThePointerOpened) {
   ASSERT_NO_FATAL_FAILURE(open());
 
