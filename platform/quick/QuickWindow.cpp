@@ -65,6 +65,9 @@ void QuickWindow::useAppearance() {
 
 bool QuickWindow::event(QEvent* event) {
   if (event->type() == QEvent::KeyPress) usedByKeys_ = true;
+  // Qt's software renderer may be asked for a frame that nobody wants any more, paints what changes
+  // while it does, and then shows none of it. What changes before, it knows of.
+  if (event->type() == QEvent::UpdateRequest) mirror_->flush();
   if (!event->isPointerEvent()) return QQuickWindow::event(event);
   const auto& pointer = static_cast<const QPointerEvent&>(*event);
   if (pointer.isBeginEvent()) usedByKeys_ = false;

@@ -53,6 +53,27 @@ class CardsOnScreenTest : public WindowTest {
   }
 };
 
+TEST_F(CardsOnScreenTest, AChangeReachesTheScreenWithTheFrameThatPaintsIt) {
+  UIView& root = showPlain();
+  auto* view = root.addSubview(std::make_unique<UIImageView>(CGRect(0, 0, 40, 20)));
+  settle();
+  int painted = 0;
+  int shown = 0;
+  QObject::connect(window.get(), &QQuickWindow::afterAnimating, [&] { ++painted; });
+  QObject::connect(window.get(), &QQuickWindow::frameSwapped, [&] { ++shown; });
+  window->update();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return shown == 1; }));
+  painted = shown = 0;
+
+  // A request that is left over from before the change.
+  view->setImage(plainImage(Qt::red));
+  QEvent request(QEvent::UpdateRequest);
+  QCoreApplication::sendEvent(window.get(), &request);
+
+  EXPECT_EQ(painted, 1);
+  EXPECT_EQ(shown, 1);
+}
+
 TEST_F(CardsOnScreenTest, APictureIsDrawnAndSharedByAllWhoShowIt) {
   UIView& root = showPlain();
   auto* first = root.addSubview(std::make_unique<UIImageView>(CGRect(0, 0, 40, 20)));
