@@ -27,6 +27,7 @@ void ButtonNode::press() {
 void SwitchNode::syncContents() {
   const UISwitch& view = *viewAs<UISwitch>(*this);
   on_ = view.isOn();
+  animated_ = view.isChangeAnimated();
   enabled_ = view.isEnabled();
   mirrored_ = mirror().isRightToLeft();
 }

@@ -47,6 +47,7 @@ class SwitchNode : public ViewNode {
   QML_ELEMENT
   QML_UNCREATABLE("Nodes are made by the mirror.")
   Q_PROPERTY(bool on MEMBER on_ NOTIFY changed)
+  Q_PROPERTY(bool animated MEMBER animated_ NOTIFY changed)
   Q_PROPERTY(bool enabled MEMBER enabled_ NOTIFY changed)
   Q_PROPERTY(bool mirrored MEMBER mirrored_ NOTIFY changed)
 
@@ -60,6 +61,7 @@ class SwitchNode : public ViewNode {
 
  private:
   bool on_ = false;
+  bool animated_ = false;
   bool enabled_ = true;
   bool mirrored_ = false;
 };

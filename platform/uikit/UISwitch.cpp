@@ -2,15 +2,16 @@
 
 namespace frelta {
 
-void UISwitch::setOn(bool on) {
+void UISwitch::setOn(bool on, bool animated) {
   if (on == on_) return;
   on_ = on;
+  isChangeAnimated_ = animated;
   didChange();
 }
 
 void UISwitch::toggle() {
   if (!isEnabled()) return;
-  setOn(!on_);
+  setOn(!on_, true);
   sendActionsForControlEvents(UIControlEventValueChanged);
 }
 

@@ -59,6 +59,20 @@ TEST_F(PointerTest, ASwitchThatItsHandlerTurnsBackShowsItself) {
   EXPECT_FALSE(item(*view)->property("checked").toBool());
 }
 
+TEST_F(PointerTest, ASwitchShowsAtOnceWhatNoHandSets) {
+  UIView& root = showPlain();
+  auto on = std::make_unique<UISwitch>();
+  on->setOn(true);
+
+  auto* view = add(root, std::move(on), {10, 20, 51, 31});
+  const double first = item(*view)->property("shownPosition").toDouble();
+  view->setOn(false);
+  settle();
+
+  EXPECT_EQ(first, 1);
+  EXPECT_EQ(item(*view)->property("shownPosition").toDouble(), 0);
+}
+
 TEST_F(PointerTest, DraggingTheKnobTurnsASwitchOverOnce) {
   UIView& root = showPlain();
   auto* view = add(root, std::make_unique<UISwitch>(), {10, 20, 51, 31});
