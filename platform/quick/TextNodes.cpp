@@ -1,5 +1,7 @@
 #include "quick/TextNodes.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -32,7 +34,9 @@ void LabelNode::syncContents() {
 
 void TextFieldNode::syncContents() {
   const UITextField& field = *viewAs<UITextField>(*this);
-  text_ = QString::fromStdString(field.text());
+  const QString whole = QString::fromStdString(field.text());
+  if (whole != elided_.whole()) elided_.setWhole(whole);
+  text_ = elided_.shown();
   placeholder_ = QString::fromStdString(field.placeholder());
   font_ = qtFont(field.font());
   alignment_ = qtAlignment(field.textAlignment(), mirror().isRightToLeft());
@@ -43,9 +47,21 @@ void TextFieldNode::syncContents() {
   enabled_ = field.isEnabled();
 }
 
-void TextFieldNode::edited(const QString& text) {
+void TextFieldNode::edited(const QString& shown) {
   if (!view()) return;
-  guardEvent([&] { viewAs<UITextField>(*this)->userDidEdit(text.toStdString()); });
+  elided_.edit(shown);
+  guardEvent([&] { viewAs<UITextField>(*this)->userDidEdit(elided_.whole().toStdString()); });
+}
+
+void TextFieldNode::paste(int start, int end, bool mouseSelection) {
+  const auto mode = mouseSelection ? QClipboard::Selection : QClipboard::Clipboard;
+  const QString pasted = QGuiApplication::clipboard()->text(mode);
+  if (pasted.isEmpty()) return;
+  edited(elided_.shown().left(start) + pasted + elided_.shown().mid(end));
+}
+
+void TextFieldNode::copy(int start, int end) const {
+  if (start < end) QGuiApplication::clipboard()->setText(elided_.wholeOf(start, end));
 }
 
 void TextFieldNode::focusChanged(bool focused) {

@@ -2,6 +2,7 @@
 
 #include <QFont>
 
+#include "quick/ElidedText.h"
 #include "quick/ViewNode.h"
 #include "uikit/UILabel.h"
 #include "uikit/UITextField.h"
@@ -52,14 +53,20 @@ class TextFieldNode : public ViewNode {
   TextFieldNode(UITextField& field, ViewMirror& mirror) : ViewNode(field, mirror) {}
   QString looks() const override { return QStringLiteral("TextField"); }
 
-  Q_INVOKABLE void edited(const QString& text);
+  /// What the item shows now.
+  Q_INVOKABLE void edited(const QString& shown);
+  /// Puts the clipboard, or the mouse's selection, in the place of that range of what is shown.
+  Q_INVOKABLE void paste(int start, int end, bool mouseSelection);
+  /// Puts what stands for that range of what is shown on the clipboard.
+  Q_INVOKABLE void copy(int start, int end) const;
   Q_INVOKABLE void focusChanged(bool focused);
 
  protected:
   void syncContents() override;
 
  private:
-  QString text_;
+  ElidedText elided_;
+  QString text_;  // what is shown of it
   QString placeholder_;
   QFont font_;
   int alignment_ = Qt::AlignLeft;

@@ -6,6 +6,14 @@ T.TextField {
     id: control
 
     required property TextFieldNode node
+    // Where the cursor goes with the next text, counted from its end; -1 where it will.
+    property int cursorFromEnd: -1
+
+    // The item itself would lay out a megabyte at once, and only knows what it shows.
+    function pasteInNode(mouseSelection) {
+        cursorFromEnd = length - selectionEnd;
+        node.paste(selectionStart, selectionEnd, mouseSelection);
+    }
 
     enabled: node.enabled
     // The item's own limit is 32767 characters.
@@ -22,6 +30,25 @@ T.TextField {
     leftPadding: node.clearButton && node.mirrored ? clear.width : 0
     selectByMouse: true
     onTextEdited: node.edited(text)
+    onTextChanged: {
+        if (cursorFromEnd >= 0)
+            cursorPosition = Math.max(0, length - cursorFromEnd);
+        cursorFromEnd = -1;
+    }
+    Keys.onPressed: event => {
+        event.accepted = true;
+        if (event.matches(StandardKey.Paste)) {
+            pasteInNode(false);
+        } else if (event.matches(StandardKey.Copy)) {
+            node.copy(selectionStart, selectionEnd);
+        } else if (event.matches(StandardKey.Cut)) {
+            node.copy(selectionStart, selectionEnd);
+            remove(selectionStart, selectionEnd);
+            node.edited(text);
+        } else {
+            event.accepted = false;
+        }
+    }
     onActiveFocusChanged: node.focusChanged(activeFocus)
     onAccepted: focus = false
 
@@ -37,6 +64,15 @@ T.TextField {
                 else
                     control.focus = false;
             }
+        }
+    }
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.MiddleButton
+        onClicked: mouse => {
+            control.forceActiveFocus(Qt.MouseFocusReason);
+            control.cursorPosition = control.positionAt(mouse.x, mouse.y);
+            control.pasteInNode(true);
         }
     }
     T.AbstractButton {
