@@ -12,9 +12,14 @@ constexpr std::string_view kForbidden = "/\\?%*|\"<>";
 constexpr std::string_view kExtension = ".plist";
 constexpr std::size_t kLongest = 32;
 
-void removeEvery(std::string& text, std::string_view part) {
-  for (std::size_t found = 0; (found = text.find(part, found)) != std::string::npos;)
-    text.erase(found, part.size());
+std::string withoutEvery(std::string_view part, std::string_view text) {
+  std::string kept;
+  std::size_t start = 0;
+  for (std::size_t found; (found = text.find(part, start)) != std::string_view::npos;) {
+    kept.append(text, start, found - start);
+    start = found + part.size();
+  }
+  return kept.append(text, start);
 }
 
 /// The platform's white space without line breaks: Unicode's space separators and the tab.
@@ -38,7 +43,7 @@ bool holdsOnlyBlanks(std::string_view text) {
 PresetName presetNameFromText(std::string_view text) {
   std::string name(text);
   std::erase_if(name, [](char c) { return kForbidden.find(c) != std::string_view::npos; });
-  removeEvery(name, kExtension);
+  name = withoutEvery(kExtension, name);
   if (holdsOnlyBlanks(name)) return {std::nullopt, "Invalid preset name"};
   if (utf16Length(name) > kLongest) return {std::nullopt, "Preset name is too long"};
   return {std::move(name)};

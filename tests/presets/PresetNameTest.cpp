@@ -31,6 +31,13 @@ TEST(PresetName, LosesEachOfTheNineForbiddenCharactersWithoutNotice) {
   EXPECT_THAT(name("a:b'c;d&e.f~"), Optional(Eq("a:b'c;d&e.f~")));
 }
 
+TEST(PresetName, LosesMillionsOfExtensionsInOneGo) {
+  std::string text = "a";
+  for (int i = 0; i < 2'000'000; ++i) text += ".plist";
+
+  EXPECT_EQ(presetNameFromText(text).name, "a");
+}
+
 TEST(PresetName, LosesEveryExtensionWhereverItStands) {
   EXPECT_THAT(name("a.plist"), Optional(Eq("a")));
   EXPECT_THAT(name("a.plist.plist"), Optional(Eq("a")));
