@@ -279,8 +279,8 @@ TEST(XMLPropertyListReader, AsManyKeysAsMayBeTakeLittleMemory) {
   EXPECT_LT(memory.growth(), std::uint64_t{64} << 20);
 }
 
-TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
-  const std::string blob(50'000'000, '\x80');
+TEST(XMLPropertyListReader, ReadsTwelveMegabytesOfData) {
+  const std::string blob(12'000'000, '\x80');
 
   const std::optional<PropertyListValue> value =
       readBody("<data>" + base64EncodedString(blob) + "</data>");
