@@ -3,11 +3,9 @@
 #include <QPointer>
 #include <string>
 
+#include "app/ShownPage.h"
 #include "device/Notifications.h"
 #include "foundation/Platform.h"
-#include "preferences/PSListController.h"
-#include "quick/EventGuard.h"
-#include "uikit/UITableViewController.h"
 
 namespace frelta {
 
@@ -26,21 +24,9 @@ void BroadcastFollower::heard(const QString& name, const QString& sender) {
   isDue_ = true;
   // After those that the name is delivered to; many broadcasts in one turn are one change.
   Platform::current().mainQueue->async([self = QPointer(this)] {
-    if (self) self->showWhatHolds();
-  });
-}
-
-void BroadcastFollower::showWhatHolds() {
-  isDue_ = false;
-  guardEvent([&] {
-    UIViewController* page = navigation_.topViewController();
-    if (auto* list = dynamic_cast<PSListController*>(page)) {
-      list->reloadSpecifiers();
-    } else if (page) {
-      page->viewWillAppear(false);
-      if (auto* screen = dynamic_cast<UITableViewController*>(page))
-        screen->tableView().reloadData();
-    }
+    if (!self) return;
+    self->isDue_ = false;
+    showWhatIsStored(self->navigation_);
   });
 }
 

@@ -17,7 +17,6 @@ class BroadcastFollower : public QObject {
 
  private:
   void heard(const QString& name, const QString& sender);
-  void showWhatHolds();
 
   LinuxDarwinNotificationCenter& centre_;
   UINavigationController& navigation_;

@@ -15,16 +15,17 @@ HostPlatform::HostPlatform(const std::string& root, const Appearance& appearance
 
 Platform HostPlatform::platform() {
   Platform platform;
-  platform.fileManager = &files_;
+  platform.fileManager = &reportingFiles_;
   platform.propertyLists = &propertyLists_;
   platform.json = &json_;
   platform.darwinNotificationCenter = &notifications_;
-  platform.processes = &processes_;
+  platform.processes = &reportingProcesses_;
   platform.log = &log_;
   platform.mainQueue = &mainQueue_;
   platform.random = &random_;
   platform.system = &system_;
   platform.workQueue = &workQueue_;
+  platform.failures = &failures_;
   return platform;
 }
 
@@ -35,7 +36,7 @@ GraphicsServices HostPlatform::graphicsServices() {
 UIKitServices HostPlatform::uiKitServices() {
   UIKitServices services;
   services.text = &text_;
-  services.addresses = &addresses_;
+  services.addresses = &reportingAddresses_;
   services.pasteboard = &pasteboard_;
   services.pictures = &pictures_;
   return services;

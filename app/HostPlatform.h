@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/FailureReports.h"
 #include "foundation/Platform.h"
 #include "graphics/GraphicsServices.h"
 #include "linux/LinuxDarwinNotificationCenter.h"
@@ -20,6 +21,9 @@
 #include "quick/QtSystemInformation.h"
 #include "quick/QtTextMeasurer.h"
 #include "quick/QtWorkQueue.h"
+#include "reporting/ReportingAddressOpener.h"
+#include "reporting/ReportingFileManager.h"
+#include "reporting/ReportingProcessLauncher.h"
 #include "uikit/UIKitServices.h"
 
 namespace frelta {
@@ -36,13 +40,18 @@ class HostPlatform {
   UIKitServices uiKitServices();
   /// What platform() posts with; lives as long as this.
   LinuxDarwinNotificationCenter& notifications() { return notifications_; }
+  /// What the services could not do.
+  const FailureReports& failures() const { return failures_; }
 
  private:
+  FailureReports failures_;
   LinuxFileManager files_;
+  ReportingFileManager reportingFiles_{files_, failures_};
   LinuxPropertyListSerialization propertyLists_;
   LinuxJSONSerialization json_;
   LinuxDarwinNotificationCenter notifications_;
   LinuxProcessLauncher processes_;
+  ReportingProcessLauncher reportingProcesses_{processes_, failures_};
   SyslogLog log_;
   QtMainQueue mainQueue_;
   LinuxRandomSource random_;
@@ -50,6 +59,7 @@ class HostPlatform {
   QtImageServices images_;
   QtTextMeasurer text_;
   QtAddressOpener addresses_;
+  ReportingAddressOpener reportingAddresses_{addresses_, failures_};
   QtPasteboard pasteboard_;
   QtPicturePicker pictures_;
   QtWorkQueue workQueue_;  // its work uses the others

@@ -3,25 +3,20 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
-#include <QQmlComponent>
 #include <QUrl>
 
+#include "app/ShownPage.h"
 #include "app/StyleRefusalText.h"
 #include "device/Notifications.h"
-#include "foundation/Log.h"
 #include "foundation/Platform.h"
 #include "quick/EventGuard.h"
-#include "quick/Fonts.h"
-#include "quick/ShownText.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
 
 namespace {
 
-constexpr int kNoteMilliseconds = 4000;
-constexpr double kNoBar = -1;
-constexpr double kNoteFontSize = 15;
+constexpr std::chrono::seconds kSaidFor{4};
 
 QStringList droppedFiles(const QDropEvent& event) {
   QStringList paths;
@@ -32,13 +27,11 @@ QStringList droppedFiles(const QDropEvent& event) {
 
 }  // namespace
 
-StyleDrop::StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root,
-                     StyleInstallJob::Install install)
-    : window_(window),
-      navigation_(navigation),
-      root_(std::move(root)),
-      install_(std::move(install)) {
-  window_.installEventFilter(this);
+StyleDrop::StyleDrop(QuickWindow& window, WindowNotes& notes, UINavigationController& navigation,
+                     std::string root, StyleInstallJob::Install install)
+    : navigation_(navigation), root_(std::move(root)), install_(std::move(install)), note_(notes) {
+  window.installEventFilter(this);
+  connect(&note_, &WindowNote::acted, this, &StyleDrop::cancel);
 }
 
 StyleDrop::~StyleDrop() = default;
@@ -52,11 +45,11 @@ bool StyleDrop::eventFilter(QObject* watched, QEvent* event) {
       drag.setDropAction(Qt::CopyAction);
       drag.accept();
       if (event->type() == QEvent::DragEnter && !isBusy())
-        showNote(tr("Drop to install the style"), kNoBar, 0);
+        note_.show(tr("Drop to install the style"));
       return true;
     }
     case QEvent::DragLeave:
-      if (!isBusy()) hideNote();
+      if (!isBusy()) note_.hide();
       return true;
     case QEvent::Drop: {
       auto& drop = static_cast<QDropEvent&>(*event);
@@ -80,12 +73,10 @@ void StyleDrop::install(const QStringList& paths) {
 void StyleDrop::startNext() {
   if (job_ || waiting_.isEmpty()) return;
   const Work work = waiting_.takeFirst();
-  showNote(tr("Installing “%1”").arg(QFileInfo(work.path).fileName()), 0, 0);
+  note_.showProgress(tr("Installing “%1”").arg(QFileInfo(work.path).fileName()), tr("Cancel"));
   job_ = std::make_unique<StyleInstallJob>(
       StyleInstallation{work.path.toStdString(), root_, work.replace, {}, {}}, install_);
-  connect(job_.get(), &StyleInstallJob::progressed, this, [this](double part) {
-    if (note_) note_->setProperty("part", part);
-  });
+  connect(job_.get(), &StyleInstallJob::progressed, &note_, &WindowNote::setPart);
   connect(
       job_.get(), &StyleInstallJob::finished, this,
       [this, job = job_.get()](const StyleInstallJob::Result& result) {
@@ -101,7 +92,7 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
   const StyleInstallation done = job_->installation();
   const QString path = QString::fromStdString(done.source);
   job_.reset();
-  hideNote();
+  note_.hide();
   if (const auto* style = std::get_if<InstalledStyle>(&result)) {
     styleInstalled(*style);
   } else {
@@ -123,14 +114,10 @@ void StyleDrop::abandonedJobFinished(const StyleInstallJob& job,
 }
 
 void StyleDrop::styleInstalled(const InstalledStyle& style) {
-  showNote(tr("“%1” was installed.").arg(QString::fromStdString(style.name)), kNoBar,
-           kNoteMilliseconds);
+  note_.showFor(kSaidFor, tr("“%1” was installed.").arg(QString::fromStdString(style.name)));
   // Other windows list the style, and the keyboard may be showing the one that was there.
   Platform::current().darwinNotificationCenter->post(kRefreshNotification);
-  // A page takes up what is new as if it came back into view.
-  guardEvent([&] {
-    if (UIViewController* page = navigation_.topViewController()) page->viewWillAppear(false);
-  });
+  showWhatIsStored(navigation_);
 }
 
 void StyleDrop::askToReplace(const QString& path, const std::string& name) {
@@ -166,39 +153,13 @@ UIViewController& StyleDrop::front() {
   return *controller;
 }
 
-void StyleDrop::showNote(const QString& text, double part, int milliseconds) {
-  if (!engine_) engine_ = std::make_unique<QQmlEngine>();
-  QQmlComponent component(engine_.get(), QUrl(QStringLiteral("qrc:/frelta/app/InstallNote.qml")));
-  QObject* made = component.createWithInitialProperties({
-      {QStringLiteral("text"), shownText(text.toStdString())},
-      {QStringLiteral("part"), part},
-      {QStringLiteral("time"), milliseconds},
-      {QStringLiteral("cancelTitle"), tr("Cancel")},
-      {QStringLiteral("textFont"), qtFont(UIFont::systemFontOfSize(kNoteFontSize))},
-      {QStringLiteral("theme"), QVariant::fromValue<QObject*>(&window_.mirror().theme())},
-  });
-  note_.reset(qobject_cast<QQuickItem*>(made));
-  if (!note_) {
-    freltaLog("showNote " + component.errorString().toStdString());
-    return;
-  }
-  note_->setParentItem(window_.contentItem());
-  // Queued: its own event ends before it goes.
-  connect(made, SIGNAL(cancelled()), this, SLOT(cancel()), Qt::QueuedConnection);
-  connect(made, SIGNAL(expired()), this, SLOT(hideNote()), Qt::QueuedConnection);
-}
-
 void StyleDrop::cancel() {
   if (!job_) return;
   // It may be a while until it notices: nobody waits for that.
   job_->cancel();
   abandoned_.push_back(std::move(job_));
-  hideNote();
+  note_.hide();
   startNext();
-}
-
-void StyleDrop::hideNote() {
-  note_.reset();
 }
 
 }  // namespace frelta

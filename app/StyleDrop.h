@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QQmlEngine>
-#include <QQuickItem>
 #include <QStringList>
 #include <functional>
 #include <memory>
@@ -10,6 +8,7 @@
 #include <vector>
 
 #include "app/StyleInstallJob.h"
+#include "app/WindowNote.h"
 #include "quick/QuickWindow.h"
 #include "uikit/UINavigationController.h"
 
@@ -21,10 +20,10 @@ class StyleDrop : public QObject {
   Q_OBJECT
 
  public:
-  /// The root is the device root's host path. Neither the window nor the navigation is owned; both
-  /// outlive this.
-  StyleDrop(QuickWindow& window, UINavigationController& navigation, std::string root,
-            StyleInstallJob::Install install = installStyle);
+  /// The root is the device root's host path. Neither the window nor its notes nor the navigation
+  /// is owned; all outlive this.
+  StyleDrop(QuickWindow& window, WindowNotes& notes, UINavigationController& navigation,
+            std::string root, StyleInstallJob::Install install = installStyle);
   ~StyleDrop() override;
 
   /// Installs them as if they had been dropped: host paths.
@@ -38,7 +37,6 @@ class StyleDrop : public QObject {
 
  private Q_SLOTS:
   void cancel();
-  void hideNote();
 
  private:
   struct Work {
@@ -56,10 +54,7 @@ class StyleDrop : public QObject {
   void tellError(const QString& text);
   /// The controller that may present: the one over all others.
   UIViewController& front();
-  /// Over the bottom of the window; a part of the work below 0 shows no bar, a time of 0 stays.
-  void showNote(const QString& text, double part, int milliseconds);
 
-  QuickWindow& window_;
   UINavigationController& navigation_;
   std::string root_;
   QList<Work> waiting_;
@@ -67,8 +62,7 @@ class StyleDrop : public QObject {
   std::unique_ptr<StyleInstallJob> job_;
   /// Cancelled, but not yet where they notice.
   std::vector<std::unique_ptr<StyleInstallJob>> abandoned_;
-  std::unique_ptr<QQmlEngine> engine_;  // once there is a note to show
-  std::unique_ptr<QQuickItem> note_;
+  WindowNote note_;
 };
 
 }  // namespace frelta

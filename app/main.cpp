@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/BroadcastFollower.h"
+#include "app/FailureBar.h"
 #include "app/HostPlatform.h"
 #include "app/InstallCommand.h"
 #include "app/LoadedBundle.h"
@@ -118,8 +119,11 @@ int runInWindow(int argc, char** argv, const Options& options) {
   if (!tour) state.restore(*settings.window());
   settings.window()->show();
   if (tour) return Tour(settings, options.tourFolder).run() ? 0 : 1;
-  const StyleDrop drop(*settings.window(), *settings.navigationController(), root.toStdString());
   const BroadcastFollower follower(host.notifications(), *settings.navigationController());
+  WindowNotes notes(*settings.window());
+  const StyleDrop drop(*settings.window(), notes, *settings.navigationController(),
+                       root.toStdString());
+  const FailureBar failures(host.failures(), notes, *settings.navigationController());
   const int status = QGuiApplication::exec();
   state.save(*settings.window());
   return status;

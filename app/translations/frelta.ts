@@ -2,6 +2,81 @@
 <!DOCTYPE TS>
 <TS version="2.1">
 <context>
+    <name>FailureTexts</name>
+    <message>
+        <source>the disk is full</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>you may not do that there</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the disk does not work</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>something else is in its place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The settings file is damaged and cannot be read. It is kept when you change a setting.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: the file is damaged.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not deleted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing here opens %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>InstallCommand</name>
     <message>
         <source>“%1” was installed.</source>

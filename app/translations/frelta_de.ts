@@ -2,6 +2,81 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>FailureTexts</name>
+    <message>
+        <source>the disk is full</source>
+        <translation>das Laufwerk ist voll</translation>
+    </message>
+    <message>
+        <source>the disk can only be read</source>
+        <translation>das Laufwerk lässt sich nur lesen</translation>
+    </message>
+    <message>
+        <source>you may not do that there</source>
+        <translation>das ist Ihnen dort nicht erlaubt</translation>
+    </message>
+    <message>
+        <source>the disk does not work</source>
+        <translation>das Laufwerk arbeitet nicht</translation>
+    </message>
+    <message>
+        <source>the file is too large</source>
+        <translation>die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <source>it is missing</source>
+        <translation>es fehlt</translation>
+    </message>
+    <message>
+        <source>something else is in its place</source>
+        <translation>an der Stelle ist etwas anderes</translation>
+    </message>
+    <message>
+        <source>The settings file</source>
+        <translation>Die Einstellungsdatei</translation>
+    </message>
+    <message>
+        <source>“%1”</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>%1.</source>
+        <translation>%1.</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>%1 lässt sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>The settings file is damaged and cannot be read. It is kept when you change a setting.</source>
+        <translation>Die Einstellungsdatei ist beschädigt und nicht lesbar. Sie bleibt erhalten, wenn Sie eine Einstellung ändern.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: the file is damaged.</source>
+        <translation>%1 lässt sich nicht lesen: die Datei ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>Not saved</source>
+        <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Not deleted</source>
+        <translation>Nicht gelöscht</translation>
+    </message>
+    <message>
+        <source>%1 cannot be started</source>
+        <translation>%1 lässt sich nicht starten</translation>
+    </message>
+    <message>
+        <source>Nothing here opens %1.</source>
+        <translation>Hier öffnet nichts %1.</translation>
+    </message>
+</context>
+<context>
     <name>InstallCommand</name>
     <message>
         <source>“%1” was installed.</source>

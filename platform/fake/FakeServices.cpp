@@ -1,6 +1,7 @@
 #include "fake/FakeServices.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <exception>
 #include <utility>
 
@@ -23,9 +24,11 @@ void FakeLog::log(std::string_view line) {
   lines.emplace_back(line);
 }
 
-void FakeProcessLauncher::spawn(const std::string& path,
+bool FakeProcessLauncher::spawn(const std::string& path,
                                 const std::vector<std::string>& argumentVector) {
   spawned.push_back({path, argumentVector});
+  errno = isMissing ? ENOENT : failsToLaunch ? EACCES : 0;
+  return errno == 0;
 }
 
 std::string FakeProcessLauncher::standardOutputOf(const std::string& path,

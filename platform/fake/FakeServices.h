@@ -39,7 +39,7 @@ class FakeProcessLauncher : public ProcessLauncher {
     std::string workingDirectory;
   };
 
-  void spawn(const std::string& path, const std::vector<std::string>& argumentVector) override;
+  bool spawn(const std::string& path, const std::vector<std::string>& argumentVector) override;
   std::string standardOutputOf(const std::string& path, const std::vector<std::string>& arguments,
                                const std::string& workingDirectory) override;
 
@@ -47,7 +47,7 @@ class FakeProcessLauncher : public ProcessLauncher {
   std::vector<Run> runs;
   /// What every run prints.
   std::string standardOutput;
-  /// When set, a run throws MissingProgram, or else LaunchFailure.
+  /// When set, nothing can be started, and a run throws MissingProgram, or else LaunchFailure.
   bool isMissing = false;
   bool failsToLaunch = false;
 };

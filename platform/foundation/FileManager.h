@@ -12,7 +12,8 @@ namespace frelta {
 /// settings file stores them; an implementation resolves them under a root folder and lets neither
 /// ".." nor a symbolic link lead out of it. Links that are absolute count from the root.
 /// Any path that is not absolute, holds a NUL byte or cannot be resolved reads as missing.
-/// Main thread only. Nothing here throws: failure is in the result.
+/// Main thread only. Nothing here throws: failure is in the result, and where the system gave a
+/// reason for it, errno has it afterwards.
 class FileManager {
  public:
   virtual ~FileManager() = default;
@@ -31,7 +32,7 @@ class FileManager {
   virtual std::optional<std::uint64_t> fileSizeAtPath(std::string_view path) const = 0;
 
   /// The whole regular file. Nothing when it is missing, unreadable, not a regular file (a pipe or
-  /// device is never waited on) or larger than maximumBytes.
+  /// device is never waited on; errno is EINVAL or EISDIR) or larger than maximumBytes (EFBIG).
   virtual std::optional<std::string> contentsAtPath(std::string_view path,
                                                     std::uint64_t maximumBytes) const = 0;
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/DarwinNotificationCenter.h"
+#include "foundation/FailureListener.h"
 #include "foundation/FileManager.h"
 #include "foundation/JSONSerialization.h"
 #include "foundation/Log.h"
@@ -27,6 +28,8 @@ struct Platform {
   SystemInformation* system = nullptr;
   /// Null where everything is done on the main thread.
   WorkQueue* workQueue = nullptr;
+  /// Null where nobody wants to know.
+  FailureListener* failures = nullptr;
 
   /// The installed services. Installing is a must before the first call.
   static const Platform& current();

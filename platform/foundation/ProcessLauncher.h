@@ -30,9 +30,9 @@ class ProcessLauncher {
   virtual ~ProcessLauncher() = default;
 
   /// Starts the program with exactly this argument vector (its own name first), no file actions, no
-  /// attributes and no environment, and returns at once: the child is not waited for and whether it
-  /// started is not told.
-  virtual void spawn(const std::string& path, const std::vector<std::string>& argumentVector) = 0;
+  /// attributes and no environment, and returns at once: the child is not waited for. False when it
+  /// could not be started; errno says why.
+  virtual bool spawn(const std::string& path, const std::vector<std::string>& argumentVector) = 0;
 
   /// Runs the program with these arguments (its own name not among them) in a working folder of the
   /// host and returns its standard output, read to the end. The exit status is not examined. A

@@ -20,6 +20,8 @@ std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path) {
   std::optional<PropertyListValue> value = platform.propertyLists->propertyListWithData(*bytes);
   if (!value || !value->dictionary()) {
     refused = fingerprint;
+    if (platform.failures)
+      platform.failures->failed({Failure::Operation::Understand, std::string(path)});
     return std::nullopt;
   }
   return std::move(*value->dictionary());

@@ -32,7 +32,11 @@ struct OpenFile {
 std::optional<OpenFile> openRegularFile(const DeviceRoot& root, std::string_view path, int flags) {
   FileDescriptor file = root.open(path, flags);
   struct stat status;
-  if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  if (!file || ::fstat(file.get(), &status) != 0) return std::nullopt;
+  if (!S_ISREG(status.st_mode)) {
+    errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return std::nullopt;
+  }
   return OpenFile{std::move(file), static_cast<std::uint64_t>(status.st_size),
                   status.st_mode & kPermissions};
 }
@@ -60,7 +64,10 @@ std::optional<std::string> readWhole(const OpenFile& file, std::uint64_t maximum
     if (count == 0) break;
     used += static_cast<std::size_t>(count);
     // The file may be growing while it is read.
-    if (used > maximumBytes) return std::nullopt;
+    if (used > maximumBytes) {
+      errno = EFBIG;
+      return std::nullopt;
+    }
   }
   bytes.resize(used);
   return bytes;
@@ -116,7 +123,11 @@ std::optional<std::uint64_t> LinuxFileManager::fileSizeAtPath(std::string_view p
 std::optional<std::string> LinuxFileManager::contentsAtPath(std::string_view path,
                                                             std::uint64_t maximumBytes) const {
   const auto file = openForReading(root_, path);
-  if (!file || file->size > maximumBytes) return std::nullopt;
+  if (!file) return std::nullopt;
+  if (file->size > maximumBytes) {
+    errno = EFBIG;
+    return std::nullopt;
+  }
   try {
     return readWhole(*file, maximumBytes);
   } catch (const std::bad_alloc&) {

@@ -79,12 +79,13 @@ std::optional<std::string> readToEnd(const FileDescriptor& pipe, Clock::time_poi
 
 }  // namespace
 
-void LinuxProcessLauncher::spawn(const std::string& path,
+bool LinuxProcessLauncher::spawn(const std::string& path,
                                  const std::vector<std::string>& argumentVector) {
   pid_t ignored;
   const auto arguments = pointersTo(argumentVector);
   char* const noEnvironment[] = {nullptr};
-  ::posix_spawn(&ignored, path.c_str(), nullptr, nullptr, arguments.data(), noEnvironment);
+  errno = ::posix_spawn(&ignored, path.c_str(), nullptr, nullptr, arguments.data(), noEnvironment);
+  return errno == 0;
 }
 
 std::string LinuxProcessLauncher::standardOutputOf(const std::string& path,

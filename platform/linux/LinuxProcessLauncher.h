@@ -12,7 +12,7 @@ class LinuxProcessLauncher : public ProcessLauncher {
   explicit LinuxProcessLauncher(std::chrono::milliseconds longestRun = kLongestRun)
       : longestRun_(longestRun) {}
 
-  void spawn(const std::string& path, const std::vector<std::string>& argumentVector) override;
+  bool spawn(const std::string& path, const std::vector<std::string>& argumentVector) override;
   /// The child inherits the environment, and of the streams all but its standard output.
   std::string standardOutputOf(const std::string& path, const std::vector<std::string>& arguments,
                                const std::string& workingDirectory) override;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "app/SettingsApplication.h"
+#include "app/WindowNotes.h"
 #include "device/Paths.h"
 #include "device/SettingsKeys.h"
 #include "fake/FakePasteboard.h"
@@ -44,6 +45,7 @@ class OpenWindow {
     kit.text = &text_;
     kit.pasteboard = clipboard;
     kit.pictures = &pictures;
+    notes.reset();
     application =
         std::make_unique<SettingsApplication>(services, GraphicsServices{images}, kit, appearance);
     QString error;
@@ -51,6 +53,7 @@ class OpenWindow {
     application->window()->resize(size);
     application->window()->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(application->window()));
+    notes = std::make_unique<WindowNotes>(*application->window());
     driver =
         std::make_unique<StillDriver>(*application->window(), *application->navigationController());
     settle();
@@ -73,6 +76,16 @@ class OpenWindow {
     QTest::mouseClick(application->window(), Qt::LeftButton, {}, middle.toPoint());
     settle();
   }
+
+  /// The lowest note at the window's foot; null when there is none.
+  QQuickItem* note() const {
+    QQuickItem* column = nullptr;
+    for (QQuickItem* item : application->window()->contentItem()->childItems())
+      if (item->objectName() == QStringLiteral("notes")) column = item;
+    return column && !column->childItems().isEmpty() ? column->childItems().last() : nullptr;
+  }
+  /// What it says; empty when there is none.
+  QString noteText() const { return note() ? note()->property("text").toString() : QString(); }
 
   /// What the settings file holds now; empty when there is none.
   Dictionary settings() const {
@@ -104,6 +117,8 @@ class OpenWindow {
  public:
   std::unique_ptr<SettingsApplication> application;
   std::unique_ptr<TourDriver> driver;
+  /// At the foot of the window, whoever speaks there.
+  std::unique_ptr<WindowNotes> notes;
 };
 
 }  // namespace frelta

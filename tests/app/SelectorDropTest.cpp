@@ -15,7 +15,7 @@ class SelectorDrop : public testing::Test {
  protected:
   void openSelector(const SelectorKind& kind) {
     ASSERT_NO_FATAL_FAILURE(window.openSelector(kind));
-    drop = std::make_unique<StyleDrop>(*window.application->window(),
+    drop = std::make_unique<StyleDrop>(*window.application->window(), *window.notes,
                                        *window.application->navigationController(),
                                        window.platform.hostPath("/"));
   }

@@ -20,7 +20,7 @@ class StyleDropTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_NO_FATAL_FAILURE(window.open());
-    drop = std::make_unique<StyleDrop>(*window.application->window(),
+    drop = std::make_unique<StyleDrop>(*window.application->window(), *window.notes,
                                        *window.application->navigationController(), root());
     std::filesystem::create_directories(root());
   }
@@ -62,12 +62,8 @@ class StyleDropTest : public testing::Test {
     ASSERT_TRUE(QTest::qWaitFor([&] { return drop->isIdle(); }, 20'000));
     window.settle();
   }
-  QQuickItem* note() {
-    for (QQuickItem* item : window.application->window()->contentItem()->childItems())
-      if (item->objectName() == QStringLiteral("installNote")) return item;
-    return nullptr;
-  }
-  QString noteText() { return note() ? note()->property("text").toString() : QString(); }
+  QQuickItem* note() const { return window.note(); }
+  QString noteText() const { return window.noteText(); }
 
   const TemporaryFolder folder;
   OpenWindow window;
@@ -188,7 +184,7 @@ TEST_F(StyleDropTest, ShowsABarThatCanBeCancelled) {
   dropFiles({style("Large.theme", 4000)});
   ASSERT_NE(note(), nullptr);
   const QString text = noteText();
-  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("noteAction"));
   ASSERT_NE(cancel, nullptr);
   const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
 
@@ -205,7 +201,7 @@ TEST_F(StyleDropTest, ShowsABarThatCanBeCancelled) {
 TEST_F(StyleDropTest, WaitsForNoInstallationThatDoesNotHearThatItIsCancelled) {
   std::promise<void> heard;
   const auto hearing = heard.get_future().share();
-  drop = std::make_unique<StyleDrop>(*window.application->window(),
+  drop = std::make_unique<StyleDrop>(*window.application->window(), *window.notes,
                                      *window.application->navigationController(), root(),
                                      [hearing](const StyleInstallation& installation) {
                                        if (installation.source.ends_with("Deaf.theme"))
@@ -213,7 +209,7 @@ TEST_F(StyleDropTest, WaitsForNoInstallationThatDoesNotHearThatItIsCancelled) {
                                        return installStyle(installation);
                                      });
   dropFiles({style("Deaf.theme"), style("Sea.theme")});
-  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("noteAction"));
   const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
 
   QTest::mouseClick(window.application->window(), Qt::LeftButton, {}, middle.toPoint());
@@ -235,7 +231,7 @@ TEST_F(StyleDropTest, WaitsForNoInstallationThatDoesNotHearThatItIsCancelled) {
 TEST_F(StyleDropTest, SaysSoWhenACancelCameTooLate) {
   std::promise<void> done;
   const auto isDone = done.get_future().share();
-  drop = std::make_unique<StyleDrop>(*window.application->window(),
+  drop = std::make_unique<StyleDrop>(*window.application->window(), *window.notes,
                                      *window.application->navigationController(), root(),
                                      [isDone](const StyleInstallation& installation) {
                                        StyleInstallation deaf = installation;
@@ -245,7 +241,7 @@ TEST_F(StyleDropTest, SaysSoWhenACancelCameTooLate) {
                                        return result;
                                      });
   dropFiles({style("Sea.theme")});
-  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("cancelInstall"));
+  auto* cancel = note()->findChild<QQuickItem*>(QStringLiteral("noteAction"));
   const QPointF middle = cancel->mapToScene({cancel->width() / 2, cancel->height() / 2});
 
   QTest::mouseClick(window.application->window(), Qt::LeftButton, {}, middle.toPoint());
@@ -260,8 +256,8 @@ TEST_F(StyleDropTest, SaysSoWhenACancelCameTooLate) {
 
 TEST_F(StyleDropTest, SaysWhatAnInstallationThrows) {
   drop = std::make_unique<StyleDrop>(
-      *window.application->window(), *window.application->navigationController(), root(),
-      [](const StyleInstallation&) -> StyleInstallJob::Result { throw std::bad_alloc(); });
+      *window.application->window(), *window.notes, *window.application->navigationController(),
+      root(), [](const StyleInstallation&) -> StyleInstallJob::Result { throw std::bad_alloc(); });
 
   dropFiles({style("Sea.theme")});
   waitUntilIdle();

@@ -30,6 +30,7 @@ void MonkeyHouse::start() {
   const bool isFirst = !window.application;
   drop.reset();
   window.driver.reset();
+  window.notes.reset();
   window.application.reset();
   // What was put off finds its window gone.
   window.platform.mainQueue.advance(kLeftovers);
@@ -40,7 +41,8 @@ void MonkeyHouse::start() {
     window.open();
   else
     window.openAgain();
-  drop = std::make_unique<StyleDrop>(quick(), navigation(), window.platform.hostPath("/"),
+  drop = std::make_unique<StyleDrop>(quick(), *window.notes, navigation(),
+                                     window.platform.hostPath("/"),
                                      [this](const StyleInstallation& style) {
                                        areInstallationsHeld_.wait(true);
                                        return installStyle(style);

@@ -44,9 +44,9 @@ TEST(Respring, NeitherWritesNorPosts) {
 /// The real launcher on a system whose programs are all missing.
 class WithoutPrograms : public LinuxProcessLauncher {
  public:
-  void spawn(const std::string& path, const std::vector<std::string>& argumentVector) override {
+  bool spawn(const std::string& path, const std::vector<std::string>& argumentVector) override {
     ++spawned;
-    LinuxProcessLauncher::spawn("/missing" + path, argumentVector);
+    return LinuxProcessLauncher::spawn("/missing" + path, argumentVector);
   }
   int spawned = 0;
 };

@@ -1,29 +1,28 @@
 import QtQuick
 import QtQuick.Templates as T
 
-// Over the bottom of the window: what is being installed, how far it is, and a way to stop it.
+// At the foot of the window: one thing to say, how far it is, and what can be done about it.
 Item {
     id: note
 
     required property string text
     /// Done, 0 to 1; below 0 there is no bar.
     required property double part
-    /// Milliseconds until it goes by itself; 0 for never.
+    /// Milliseconds until it goes by itself, while nobody points at it or has the keyboard there; 0 for
+    /// never.
     required property int time
-    required property string cancelTitle
+    /// Of the button; empty for none.
+    required property string actionTitle
     required property font textFont
     required property var theme
     readonly property bool working: part >= 0
 
-    signal cancelled
+    signal acted
     signal expired
 
-    objectName: "installNote"
-    z: 1000
-    width: parent ? Math.min(parent.width - 32, 420) : 0
+    objectName: "note"
+    width: parent ? parent.width : 0
     height: card.height
-    x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: parent ? parent.height - height - 24 : 0
 
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
@@ -32,19 +31,25 @@ Item {
     Accessible.name: text
 
     Timer {
-        running: note.time > 0
+        running: note.time > 0 && !pointer.containsMouse && !action.activeFocus
         interval: note.time
         onTriggered: note.expired()
     }
 
-    // A tap is not for what lies below.
-    MouseArea { anchors.fill: parent }
+    // A tap is not for what lies below; what goes by itself goes at a tap too.
+    MouseArea {
+        id: pointer
+
+        anchors.fill: parent
+        hoverEnabled: true
+        onClicked: if (note.time > 0) note.expired()
+    }
 
     Rectangle {
         id: card
 
         width: parent.width
-        height: Math.max(caption.implicitHeight, cancel.visible ? cancel.height : 0) + 24
+        height: Math.max(caption.implicitHeight, action.visible ? action.height : 0) + 24
                 + (note.working ? 16 : 0)
         radius: 14
         color: note.theme.dark ? "#2c2c2e" : "white"
@@ -56,7 +61,7 @@ Item {
 
             anchors.left: parent.left
             anchors.leftMargin: 16
-            anchors.right: cancel.visible ? cancel.left : parent.right
+            anchors.right: action.visible ? action.left : parent.right
             anchors.rightMargin: 16
             y: 12
             height: parent.height - 24 - (note.working ? 16 : 0)
@@ -73,38 +78,38 @@ Item {
         }
 
         T.AbstractButton {
-            id: cancel
+            id: action
 
-            objectName: "cancelInstall"
-            visible: note.working
+            objectName: "noteAction"
+            visible: text.length > 0
             anchors.right: parent.right
             anchors.rightMargin: 8
             y: 8
             width: title.implicitWidth + 16
             height: 32
-            text: note.cancelTitle
+            text: note.actionTitle
             focusPolicy: Qt.StrongFocus
-            onClicked: note.cancelled()
-            Keys.onReturnPressed: note.cancelled()
-            Keys.onEnterPressed: note.cancelled()
+            onClicked: note.acted()
+            Keys.onReturnPressed: note.acted()
+            Keys.onEnterPressed: note.acted()
 
             Accessible.role: Accessible.Button
             Accessible.name: text
-            Accessible.onPressAction: note.cancelled()
+            Accessible.onPressAction: note.acted()
 
             background: Rectangle {
                 radius: 8
                 color: "transparent"
-                border.width: cancel.visualFocus ? 2 : 0
+                border.width: action.visualFocus ? 2 : 0
                 border.color: note.theme.tint
             }
             contentItem: Text {
                 id: title
 
-                text: cancel.text
+                text: action.text
                 font: note.textFont
                 color: note.theme.tint
-                opacity: cancel.pressed ? 0.4 : 1
+                opacity: action.pressed ? 0.4 : 1
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
                 Accessible.ignored: true
