@@ -11,8 +11,8 @@ namespace frelta {
 
 /// The file's dictionary. Nothing when the file is missing, unreadable, malformed, larger than
 /// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary; the last
-/// bytes that were refused are not judged a second time. A file that is refused for what it holds is
-/// told to the Platform's listener for failures.
+/// bytes that were refused are not judged a second time. A file that is refused for what it holds
+/// is told to the Platform's listener for failures.
 std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path);
 
 /// Replaces the file with the value's XML form, or its binary one where XML cannot carry it,
