@@ -5,12 +5,13 @@
 
 #include "quick/EventGuard.h"
 #include "quick/FocusItem.h"
+#include "quick/ShownText.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
 
 void AlertNode::syncContents() {
-  title_ = QString::fromStdString(viewAs<UIAlertControllerView>(*this)->controller().title());
+  title_ = shownText(viewAs<UIAlertControllerView>(*this)->controller().title());
 }
 
 void AlertNode::pressDefault() {

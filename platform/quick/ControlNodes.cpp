@@ -2,13 +2,14 @@
 
 #include "quick/EventGuard.h"
 #include "quick/Fonts.h"
+#include "quick/ShownText.h"
 #include "quick/ViewMirror.h"
 
 namespace frelta {
 
 void ButtonNode::syncContents() {
   const UIButton& button = *viewAs<UIButton>(*this);
-  title_ = QString::fromStdString(button.title().value_or(""));
+  title_ = shownText(button.title().value_or(""));
   font_ = qtFont(button.titleFont());
   color_ = mirror().theme().resolve(button.titleColor());
   back_ = button.buttonType() == UIButtonType::Back;

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 
 #include "quick/Fonts.h"
+#include "quick/ShownText.h"
 #include "quick/TextAlignment.h"
 #include "quick/ViewMirror.h"
 
@@ -11,7 +12,7 @@ namespace frelta {
 
 void TextViewNode::syncContents() {
   const UITextView& view = *viewAs<UITextView>(*this);
-  text_ = QString::fromStdString(view.text());
+  text_ = shownText(view.text());
   font_ = qtFont(view.font());
   alignment_ = qtAlignment(view.textAlignment(), mirror().isRightToLeft());
   fill();

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <algorithm>
 
+#include "quick/ShownText.h"
 #include "quick/ViewMirror.h"
 
 namespace frelta {
@@ -135,8 +136,8 @@ void ViewNode::syncAccessibility() {
   accessibleIgnored_ = accessibleHidden_ || view_->isHidden() || insideElement ||
                        !(accessibility.isElement || container);
   accessibleRole_ = accessibleRole(accessibility.role);
-  QString name = QString::fromStdString(accessibility.label);
-  const QString value = QString::fromStdString(accessibility.value);
+  QString name = shownText(accessibility.label);
+  const QString value = shownText(accessibility.value);
   accessibleDescription_ = container ? value : QString();
   if (!container && !value.isEmpty()) name += QStringLiteral(", ") + value;
   accessibleName_ = name;

@@ -1,6 +1,9 @@
 #include <QFont>
+#include <QQuickTextDocument>
+#include <QTextDocument>
 
 #include "tests/quick/WindowTest.h"
+#include "uikit/UIAlertController.h"
 #include "uikit/UIButton.h"
 #include "uikit/UINavigationController.h"
 #include "uikit/UISegmentedControl.h"
@@ -220,6 +223,31 @@ TEST_F(ViewsOnScreenTest, ATableIsPaintedInItsColourOverTheWholeWidth) {
 
   EXPECT_EQ(picture.pixelColor(2, 300), QColor(Qt::green));
   EXPECT_EQ(picture.pixelColor(997, 300), QColor(Qt::green));
+}
+
+TEST_F(ViewsOnScreenTest, NoTextOfAnAlertTurnsTheDirectionOfTheRest) {
+  auto screen = std::make_shared<PlainScreen>();
+  show(screen);
+  const std::string name = "a\u202Eb";
+  auto alert = UIAlertController::alertControllerWithTitle(name, name);
+  alert->addAction(UIAlertAction::actionWithTitle(name, UIAlertActionStyle::Default));
+
+  screen->presentViewController(alert, false);
+  settle();
+
+  QStringList texts;
+  const std::function<void(const QQuickItem&)> collect = [&](const QQuickItem& item) {
+    for (const char* property : {"text", "title"}) texts += item.property(property).toString();
+    if (const auto* document = item.property("textDocument").value<QQuickTextDocument*>())
+      texts += document->textDocument()->toPlainText();
+    if (QAccessibleInterface* element =
+            QAccessible::queryAccessibleInterface(const_cast<QQuickItem*>(&item)))
+      texts += element->text(QAccessible::Name);
+    for (const QQuickItem* child : item.childItems()) collect(*child);
+  };
+  collect(*window->contentItem());
+  EXPECT_EQ(texts.filter(QChar(0x202E)), QStringList());
+  EXPECT_GE(texts.filter(QStringLiteral("a\uFFFDb")).size(), 3);
 }
 
 TEST_F(ViewsOnScreenTest, AScreenPushedReplacesTheOneBelowAndComesBack) {
