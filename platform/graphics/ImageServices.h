@@ -33,7 +33,7 @@ class ImageServices {
   /// Its colours are brought to sRGB, the camera's orientation is applied, and one with a side
   /// longer than kMaximumSide is shrunk to a half, a quarter and so on. Null when not all of its
   /// pixels are there, when it is too large or would take too long, all of which is told before
-  /// much memory is taken, or when there is no memory. It may take half a gigabyte for a moment.
+  /// much memory is taken, or when there is no memory. It may take 400 MB for a moment.
   virtual std::shared_ptr<const UIImage> imageWithData(std::string_view bytes) const = 0;
 
   /// A PNG file's bytes. Nothing for an image without content.

@@ -182,7 +182,7 @@ class JPEGGate {
     if (++scans_ > kMaximumScans || visits_ > kMaximumBlockVisits) return false;
     // A decoder keeps the coefficients of all scans until the last.
     if ((isProgressive_ || count < components_.size()) &&
-        bytesOfCoefficients() > kMaximumDecodedBytes)
+        bytesOfCoefficients() > kMaximumCoefficientBytes)
       return false;
     keep(kScan, contents);
     const std::size_t end = endOfScan();

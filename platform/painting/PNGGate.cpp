@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t kChunkHeader = 8;  // length and type
 constexpr std::size_t kChecksum = 4;
 constexpr std::uint32_t kMaximumSide = 0x7FFFFFFF;
+/// A header, a palette, transparency and what says which colours are meant.
+constexpr std::size_t kMostBesidePixels = 2048;
 
 std::uint32_t checksumOf(std::string_view type, std::string_view contents) {
   const auto add = [](uLong sum, std::string_view bytes) {
@@ -77,6 +79,7 @@ class PNGGate {
   explicit PNGGate(std::string_view bytes) : rest_(bytes.substr(kPNGSignature.size())) {}
 
   std::optional<GatedPicture> pass() {
+    pixels_.reserve(rest_.size());
     while (takeChunk()) {
     }
     if (damaged_ || header_.empty()) return std::nullopt;
@@ -251,6 +254,8 @@ class PNGGate {
                         std::string(kPNGSignature),
                         orientation_,
                         std::move(profile_)};
+    // Grown by the piece it would take twice the room.
+    result.bytes.reserve(pixels_.size() + kMostBesidePixels);
     appendChunk(result.bytes, "IHDR", header_);
     if (result.profile.empty()) {
       if (!standard_.empty()) appendChunk(result.bytes, "sRGB", standard_);

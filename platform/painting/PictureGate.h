@@ -24,9 +24,11 @@ struct GatedPicture {
 
 /// Pixels of a JPEG file, which is decoded row by row and shrunk meanwhile.
 inline constexpr std::uint64_t kMaximumJPEGPixels = std::uint64_t{256} << 20;
-/// Bytes that a decoder may need for a picture as a whole: the pixels of a PNG or GIF file, 4 bytes
-/// each, or 8 of 16 bits a component; the coefficients of a JPEG file of several scans.
-inline constexpr std::uint64_t kMaximumDecodedBytes = std::uint64_t{256} << 20;
+/// Bytes of the pixels of a PNG or GIF file, 4 each, or 8 of 16 bits a component: a decoder makes
+/// them all at once.
+inline constexpr std::uint64_t kMaximumDecodedBytes = std::uint64_t{128} << 20;
+/// Bytes of the coefficients of a JPEG file of several scans, which a decoder keeps until the last.
+inline constexpr std::uint64_t kMaximumCoefficientBytes = std::uint64_t{192} << 20;
 /// Scans of a JPEG file; encoders make about ten.
 inline constexpr int kMaximumScans = 100;
 /// Blocks of 8 × 8 that all scans of a JPEG file visit together: what a decoder's time grows with.

@@ -147,14 +147,19 @@ std::unique_ptr<UIGraphicsImageContext> QtImageServices::beginImageContext(CGSiz
 }
 
 std::shared_ptr<const UIImage> QtImageServices::imageWithData(std::string_view bytes) const try {
-  const std::optional<GatedPicture> picture = gatedPicture(bytes);
+  std::optional<GatedPicture> picture = gatedPicture(bytes);
   if (!picture) return nullptr;
-  const QImage image = decoded(*picture);
-  if (image.isNull()) return nullptr;
+  // What each step has made of the picture goes before the next makes more of it.
+  QImage image = decoded(*picture);
   const QByteArray profile = QByteArray::fromStdString(picture->profile);
+  const int orientation = picture->orientation;
+  picture.reset();
+  if (image.isNull()) return nullptr;
   const QColorSpace colours =
       profile.isEmpty() ? image.colorSpace() : QColorSpace::fromIccProfile(profile);
-  QImage ready = upright(readyPixels(image, colours), picture->orientation);
+  QImage ready = readyPixels(image, colours);
+  image = {};
+  ready = upright(ready, orientation);
   if (ready.isNull()) return nullptr;
   return imageWithPixels(std::move(ready), 1);
 } catch (const std::bad_alloc&) {

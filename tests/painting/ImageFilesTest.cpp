@@ -120,10 +120,10 @@ TEST_F(ImageFiles, OfTooManyPixelsAreRefusedBeforeMemoryIsTaken) {
   QImage small(16, 16, QImage::Format_Mono);
   small.fill(0);
   const std::string huge = withSize(pngOf(small), 60'000, 60'000);
-  QImage large(8192, 8192, QImage::Format_Mono);
+  QImage large(8192, 4096, QImage::Format_Mono);
   large.fill(0);
   const std::string atLimit = pngOf(large);
-  const std::string beyond = withSize(atLimit, 8192, 8193);
+  const std::string beyond = withSize(atLimit, 8192, 4097);
   const PeakMemory memory;
 
   EXPECT_EQ(images.imageWithData(huge), nullptr);
@@ -133,7 +133,26 @@ TEST_F(ImageFiles, OfTooManyPixelsAreRefusedBeforeMemoryIsTaken) {
   EXPECT_LT(memory.growth(), std::uint64_t{8} << 20);
   const auto image = images.imageWithData(atLimit);
   ASSERT_NE(image, nullptr);
-  EXPECT_EQ(image->size(), (CGSize{ImageServices::kMaximumSide, ImageServices::kMaximumSide}));
+  EXPECT_EQ(image->size(),
+            (CGSize{ImageServices::kMaximumSide, ImageServices::kMaximumSide / 2.0}));
+}
+
+TEST_F(ImageFiles, OfManyBytesTakeLittleMoreThanWhatTheyBecome) {
+  QImage large(4000, 4000, QImage::Format_RGBA8888);
+  large.fill(Qt::red);
+  QByteArray data;
+  QBuffer buffer(&data);
+  buffer.open(QIODevice::WriteOnly);
+  ASSERT_TRUE(large.save(&buffer, "PNG", 100)) << "without compression";
+  const std::string bytes = data.toStdString();
+  large = {};
+  const PeakMemory memory;
+
+  const auto image = images.imageWithData(bytes);
+
+  ASSERT_NE(image, nullptr);
+  EXPECT_GT(bytes.size(), std::size_t{60} << 20);
+  EXPECT_LT(memory.growth(), std::uint64_t{160} << 20);
 }
 
 TEST_F(ImageFiles, AreReadFromTheDevice) {
