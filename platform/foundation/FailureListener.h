@@ -7,13 +7,13 @@ namespace frelta {
 /// Something that the platform could not do.
 struct Failure {
   enum class Operation {
-    Read,          // a file that is there
-    Understand,    // a file that holds no property list, or no dictionary; there is no error
-    Write,         // a file, or a copy of one
-    Remove,        // a file or folder
+    Read,        // a file that is there
+    Understand,  // a file that holds no property list, or no dictionary; there is no error
+    Write,       // a file, or a copy of one
+    Remove,      // a file or folder
     CreateFolder,
-    Start,         // a program
-    OpenAddress    // there is no error
+    Start,       // a program
+    OpenAddress  // there is no error
   };
 
   Operation operation;
