@@ -62,8 +62,10 @@ void ViewNode::syncTree(QQuickItem* parentItem) {
     itemMade();
     syncGeometry();
   }
-  if (item_->parentItem() != parentItem) item_->setParentItem(parentItem);
-  catchUp();
+  const bool comesBack = item_->parentItem() != parentItem;
+  if (comesBack) item_->setParentItem(parentItem);
+  // What changed below it while it was away does not show in its own round.
+  if (comesBack || round_ != mirror_.round()) catchUp();
   if (treeDirty_) syncChildren();
 }
 
@@ -87,8 +89,7 @@ void ViewNode::syncChildren() {
 }
 
 void ViewNode::catchUp() {
-  if (round_ == mirror_.round()) return;
-  sync();
+  if (round_ != mirror_.round()) sync();
   for (const auto& subview : view_->subviews()) {
     if (auto* node = dynamic_cast<ViewNode*>(subview->observer())) node->catchUp();
   }

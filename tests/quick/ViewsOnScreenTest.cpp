@@ -5,6 +5,7 @@
 #include "tests/quick/WindowTest.h"
 #include "uikit/UIAlertController.h"
 #include "uikit/UIButton.h"
+#include "uikit/UILabel.h"
 #include "uikit/UINavigationController.h"
 #include "uikit/UISegmentedControl.h"
 #include "uikit/UISlider.h"
@@ -223,6 +224,25 @@ TEST_F(ViewsOnScreenTest, ATableIsPaintedInItsColourOverTheWholeWidth) {
 
   EXPECT_EQ(picture.pixelColor(2, 300), QColor(Qt::green));
   EXPECT_EQ(picture.pixelColor(997, 300), QColor(Qt::green));
+}
+
+TEST_F(ViewsOnScreenTest, AViewThatChangedWhileItsScreenWasCoveredIsReadWhenItComesBack) {
+  auto navigation = std::make_shared<UINavigationController>();
+  auto first = std::make_shared<PlainScreen>();
+  navigation->pushViewController(first, false);
+  show(navigation);
+  auto* label = add(first->view(), std::make_unique<UILabel>(), {0, 0, 200, 40});
+  navigation->pushViewController(std::make_shared<PlainScreen>(), false);
+  settle();
+
+  label->setText("Changed");
+  settle();
+  navigation->popViewControllerAnimated(false);
+  settle();
+
+  const auto* node = dynamic_cast<const ViewNode*>(label->observer());
+  ASSERT_NE(node, nullptr);
+  EXPECT_FALSE(node->property("accessibleIgnored").toBool());
 }
 
 TEST_F(ViewsOnScreenTest, NoTextOfAnAlertTurnsTheDirectionOfTheRest) {
