@@ -68,6 +68,7 @@ TEST_F(PictureTest, APressedRowIsColouredWhileItIsPressed) {
   const QColor pressed = picture().pixelColor(300, 80);
   QTest::mouseRelease(window.get(), Qt::LeftButton, Qt::NoModifier, row);
   screen->table().deselectRowAtIndexPath({0, 1});
+  QTest::mouseMove(window.get(), {2, 500});
 
   EXPECT_EQ(pressed, kPressed);
   EXPECT_EQ(picture().pixelColor(300, 80), kCard);

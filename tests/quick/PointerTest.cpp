@@ -59,6 +59,57 @@ TEST_F(PointerTest, ASwitchThatItsHandlerTurnsBackShowsItself) {
   EXPECT_FALSE(item(*view)->property("checked").toBool());
 }
 
+TEST_F(PointerTest, WhatCanBePressedShowsThatThePointerIsOverIt) {
+  UIView& root = showPlain();
+  auto* control = add(root, std::make_unique<UISwitch>(), {10, 20, 51, 31});
+  auto* button = add(root, std::make_unique<UIButton>(), {10, 100, 100, 40});
+  const auto hovered = [this](const UIView& view) {
+    return item(view)->property("hovered").toBool();
+  };
+
+  QTest::mouseMove(window.get(), {300, 500});
+  settle();
+
+  for (const UIView* view : std::initializer_list<const UIView*>{control, button}) {
+    const bool before = hovered(*view);
+    QTest::mouseMove(window.get(), pointIn(*view));
+    settle();
+    const bool over = hovered(*view);
+    QTest::mouseMove(window.get(), {300, 500});
+    settle();
+
+    EXPECT_FALSE(before);
+    EXPECT_TRUE(over) << item(*view)->metaObject()->className();
+    EXPECT_FALSE(hovered(*view));
+  }
+}
+
+TEST_F(PointerTest, ARowThatCanBeChosenShowsThatThePointerIsOverIt) {
+  auto screen = std::make_shared<TableScreen>(std::vector<TableRows::Section>{{"", 3, ""}});
+  show(screen);
+  const UITableViewCell& row = *screen->table().cellForRowAtIndexPath({0, 1});
+  const QColor before = window->grabWindow().pixelColor(300, 80);
+
+  QTest::mouseMove(window.get(), pointIn(row));
+  settle();
+
+  EXPECT_TRUE(item(row)->property("hovered").toBool());
+  EXPECT_NE(window->grabWindow().pixelColor(300, 80), before);
+}
+
+TEST_F(PointerTest, AFingerHoversOverNothing) {
+  auto screen = std::make_shared<TableScreen>(std::vector<TableRows::Section>{{"", 3, ""}});
+  show(screen);
+  const UITableViewCell& row = *screen->table().cellForRowAtIndexPath({0, 1});
+  const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+
+  QTest::touchEvent(window.get(), finger.get()).press(0, pointIn(row));
+  QTest::touchEvent(window.get(), finger.get()).release(0, pointIn(row));
+  settle();
+
+  EXPECT_FALSE(item(row)->property("hovered").toBool());
+}
+
 TEST_F(PointerTest, ASwitchShowsAtOnceWhatNoHandSets) {
   UIView& root = showPlain();
   auto on = std::make_unique<UISwitch>();

@@ -8,7 +8,10 @@ FocusItem {
     readonly property string text: node.title
     readonly property bool filled: node.backgroundColor.a > 0
     readonly property bool pressed: pointer.pressed && pointer.containsMouse
-    readonly property double fade: enabled ? pressed ? filled ? 0.6 : 0.4 : 1 : 0.3
+    readonly property bool hovered: hover.hovered
+    readonly property double fade: !enabled ? 0.3
+                                 : pressed ? filled ? 0.6 : 0.4
+                                 : hovered ? filled ? 0.85 : 0.75 : 1
 
     function pressOnce(event) {
         if (!event.isAutoRepeat)
@@ -27,6 +30,11 @@ FocusItem {
     Accessible.focusable: true
     Accessible.onPressAction: node.press()
 
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
     MouseArea {
         id: pointer
 

@@ -7,6 +7,7 @@ Pill {
 
     required property SwitchNode node
     readonly property bool checked: node.on
+    readonly property bool hovered: hover.hovered
     readonly property double travel: width - height
     // From the left, while it is dragged as well as at rest.
     readonly property double visualPosition: press.drag.active ? handle.x / travel
@@ -41,7 +42,8 @@ Pill {
     }
 
     enabled: node.enabled
-    color: mixed(node.theme.fill, node.theme.switchOn)
+    color: Qt.tint(mixed(node.theme.fill, node.theme.switchOn),
+                   hovered ? Qt.alpha(node.theme.label, 0.1) : "transparent")
     outline: node.theme.border
     opacity: enabled ? 1 : 0.5
 
@@ -53,6 +55,11 @@ Pill {
     Accessible.onPressAction: node.toggle()
     Accessible.onToggleAction: node.toggle()
 
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
     NumberAnimation {
         id: glide
 

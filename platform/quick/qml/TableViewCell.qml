@@ -12,6 +12,8 @@ FocusItem {
     readonly property double shift: actions.item
                                     ? actions.item.distance * (node.mirrored ? 1 : -1) : 0
 
+    readonly property bool hovered: hover.hovered && node.selectable
+
     // From whatever has the keyboard in the row.
     function move(forwards) {
         const next = cell.Window.activeFocusItem.nextItemInFocusChain(forwards);
@@ -59,6 +61,12 @@ FocusItem {
     Accessible.onScrollLeftAction: node.openActions()
     Accessible.onScrollRightAction: node.closeActions()
 
+    // A finger hovers over nothing.
+    HoverHandler {
+        id: hover
+
+        acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
+    }
     MouseArea {
         id: press
 
@@ -90,7 +98,10 @@ FocusItem {
             anchors.fill: parent
             visible: !cell.node.roundedTop && !cell.node.roundedBottom
             color: cell.node.selectable && (press.pressed || cell.node.selected)
-                   ? cell.node.theme.pressed : cell.node.backgroundColor
+                   ? cell.node.theme.pressed
+                   : cell.hovered
+                     ? Qt.tint(cell.node.backgroundColor, Qt.alpha(cell.node.theme.pressed, 0.4))
+                     : cell.node.backgroundColor
         }
         Rectangle {
             visible: cell.node.separator
