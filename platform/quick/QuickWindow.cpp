@@ -71,6 +71,11 @@ bool QuickWindow::event(QEvent* event) {
   if (!event->isPointerEvent()) return QQuickWindow::event(event);
   const auto& pointer = static_cast<const QPointerEvent&>(*event);
   if (pointer.isBeginEvent()) usedByKeys_ = false;
+  if (event->type() == QEvent::MouseButtonPress &&
+      static_cast<const QMouseEvent&>(*event).button() == Qt::BackButton) {
+    if (back_ && uiWindow_->subviews().size() == 1) guardEvent(back_);
+    return true;
+  }
   gestures_.watch(pointer);
   const bool taken = QQuickWindow::event(event);
   gestures_.noteGrabber(pointer);

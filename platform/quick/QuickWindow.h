@@ -34,7 +34,8 @@ class QuickWindow : public QQuickWindow, private QAccessible::ActivationObserver
   /// shows that it has it.
   bool isUsedByKeys() const { return usedByKeys_; }
 
-  /// Called for the keys that mean "back": Escape, Alt+Left and the back key.
+  /// Called for what means "back": Escape, Alt+Left, the back key and the mouse's back button. The
+  /// mouse's does nothing while an alert asks.
   void setBackHandler(std::function<void()> handler) { back_ = std::move(handler); }
 
  protected:

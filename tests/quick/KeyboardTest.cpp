@@ -1,4 +1,5 @@
 #include "tests/quick/WindowTest.h"
+#include "uikit/UIAlertController.h"
 #include "uikit/UISegmentedControl.h"
 #include "uikit/UISlider.h"
 #include "uikit/UITextField.h"
@@ -328,9 +329,27 @@ TEST_F(KeyboardTest, TheWaysBackCallTheHandlerOnceEach) {
   key(Qt::Key_Escape);
   key(Qt::Key_Left, Qt::AltModifier);
   key(Qt::Key_Back);
+  QTest::mouseClick(window.get(), Qt::BackButton, {}, {100, 100});
   key(Qt::Key_Left);
+  QTest::mouseClick(window.get(), Qt::RightButton, {}, {100, 100});
 
-  EXPECT_EQ(backs, 3);
+  EXPECT_EQ(backs, 4);
+}
+
+TEST_F(KeyboardTest, TheMousesBackButtonLeavesAnAlertAlone) {
+  auto page = std::make_shared<PlainScreen>();
+  show(page);
+  int backs = 0;
+  window->setBackHandler([&backs] { ++backs; });
+  auto alert = UIAlertController::alertControllerWithTitle("Question", "");
+  alert->addAction(UIAlertAction::actionWithTitle("Answer", UIAlertActionStyle::Default));
+  page->presentViewController(alert, false);
+  settle();
+
+  QTest::mouseClick(window.get(), Qt::BackButton, {}, {100, 100});
+
+  EXPECT_EQ(backs, 0);
+  EXPECT_EQ(page->presentedViewController(), alert.get());
 }
 
 }  // namespace
