@@ -6,6 +6,7 @@
 
 #include "device/Paths.h"
 #include "foundation/StringPaths.h"
+#include "quick/ShownText.h"
 
 namespace frelta {
 
@@ -46,8 +47,8 @@ QString reasonOf(int error) {
 /// What the user calls the file.
 QString nameOf(const std::string& path) {
   if (path == kSettingsPath) return FailureTexts::tr("The settings file");
-  const std::string name(stringByDeletingPathExtension(lastPathComponent(path)));
-  return FailureTexts::tr("“%1”").arg(QString::fromStdString(name));
+  return FailureTexts::tr("“%1”").arg(
+      shownName(stringByDeletingPathExtension(lastPathComponent(path))));
 }
 
 QString sentence(const QString& what, int error) {
@@ -79,8 +80,7 @@ QString textOfFailure(const Failure& failure) {
       return sentence(FailureTexts::tr("%1 cannot be started").arg(nameOf(failure.subject)),
                       failure.error);
     case Failure::Operation::OpenAddress:
-      return FailureTexts::tr("Nothing here opens %1.")
-          .arg(QString::fromStdString(failure.subject));
+      return FailureTexts::tr("Nothing here opens %1.").arg(shownName(failure.subject));
   }
   return {};
 }

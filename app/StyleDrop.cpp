@@ -10,6 +10,7 @@
 #include "device/Notifications.h"
 #include "foundation/Platform.h"
 #include "quick/EventGuard.h"
+#include "quick/ShownText.h"
 #include "uikit/UIAlertController.h"
 
 namespace frelta {
@@ -73,7 +74,9 @@ void StyleDrop::install(const QStringList& paths) {
 void StyleDrop::startNext() {
   if (job_ || waiting_.isEmpty()) return;
   const Work work = waiting_.takeFirst();
-  note_.showProgress(tr("Installing “%1”").arg(QFileInfo(work.path).fileName()), tr("Cancel"));
+  note_.showProgress(
+      tr("Installing “%1”").arg(shownName(QFileInfo(work.path).fileName().toStdString())),
+      tr("Cancel"));
   job_ = std::make_unique<StyleInstallJob>(
       StyleInstallation{work.path.toStdString(), root_, work.replace, {}, {}}, install_);
   connect(job_.get(), &StyleInstallJob::progressed, &note_, &WindowNote::setPart);
@@ -101,7 +104,7 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
       askToReplace(path, refusal.detail);
       return;
     }
-    tellError(textOfRefusal(QFileInfo(path).fileName(), refusal));
+    tellError(textOfRefusal(shownName(QFileInfo(path).fileName().toStdString()), refusal));
   }
   startNext();
 }
@@ -114,7 +117,7 @@ void StyleDrop::abandonedJobFinished(const StyleInstallJob& job,
 }
 
 void StyleDrop::styleInstalled(const InstalledStyle& style) {
-  note_.showFor(kSaidFor, tr("“%1” was installed.").arg(QString::fromStdString(style.name)));
+  note_.showFor(kSaidFor, tr("“%1” was installed.").arg(shownName(style.name)));
   // Other windows list the style, and the keyboard may be showing the one that was there.
   Platform::current().darwinNotificationCenter->post(kRefreshNotification);
   showWhatIsStored(navigation_);
@@ -124,7 +127,7 @@ void StyleDrop::askToReplace(const QString& path, const std::string& name) {
   auto alert = UIAlertController::alertControllerWithTitle(
       tr("Replace Style").toStdString(),
       tr("A style called “%1” is installed already. Do you want to replace it?")
-          .arg(QString::fromStdString(name))
+          .arg(shownName(name))
           .toStdString());
   // What was dropped while the question stood may be under way: it is not given up for this.
   alert->addAction(UIAlertAction::actionWithTitle(

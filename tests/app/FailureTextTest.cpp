@@ -51,6 +51,16 @@ TEST(FailureText, SaysWhatCannotBeRead) {
       "The settings file is damaged and cannot be read. It is kept when you change a setting.");
 }
 
+TEST(FailureText, LetsNoNameForgeASentence) {
+  const std::string name = "x\n\nDisk full. Pay " + std::string(200, '1');
+
+  const std::string text = textOf(Operation::Understand, "/presets/" + name + ".plist", 0);
+
+  EXPECT_EQ(text.find('\n'), std::string::npos);
+  EXPECT_LT(text.size(), 130U);
+  EXPECT_TRUE(text.ends_with("” cannot be read: the file is damaged."));
+}
+
 TEST(FailureText, SaysWhatDoesNotStartOrOpen) {
   EXPECT_EQ(textOf(Operation::Start, "/usr/bin/killall", ENOENT),
             "“killall” cannot be started: it is missing.");
