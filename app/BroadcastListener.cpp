@@ -1,7 +1,6 @@
 #include "app/BroadcastListener.h"
 
 #include <QDBusConnection>
-#include <utility>
 
 namespace frelta {
 
@@ -30,13 +29,8 @@ BroadcastListener::~BroadcastListener() {
   QDBusConnection::disconnectFromBus(connection_);
 }
 
-QStringList BroadcastListener::takeHeard() {
-  return std::exchange(names_, {});
-}
-
 void BroadcastListener::posted(const QString& name, const QDBusMessage& message) {
-  names_.append(name);
-  Q_EMIT heard(name, message.service());
+  if (name.size() <= kLongestName) Q_EMIT heard(name, message.service());
 }
 
 }  // namespace frelta

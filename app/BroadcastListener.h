@@ -2,11 +2,12 @@
 
 #include <QDBusMessage>
 #include <QObject>
-#include <QStringList>
+#include <QString>
 
 namespace frelta {
 
-/// Hears what any process broadcasts over the session bus, over a connection of its own.
+/// Hears what any process broadcasts over the session bus, over a connection of its own. Keeps
+/// nothing; a name longer than any that is in use is passed over.
 class BroadcastListener : public QObject {
   Q_OBJECT
 
@@ -16,8 +17,9 @@ class BroadcastListener : public QObject {
 
   /// False when there is no session bus: then nothing is ever heard.
   bool isListening() const { return listening_; }
-  /// Names heard since the last call, in order.
-  QStringList takeHeard();
+
+  /// Characters of a name.
+  static constexpr qsizetype kLongestName = 255;
 
  Q_SIGNALS:
   /// The sender as the bus calls it.
@@ -29,7 +31,6 @@ class BroadcastListener : public QObject {
  private:
   const QString connection_;
   bool listening_ = false;
-  QStringList names_;
 };
 
 }  // namespace frelta

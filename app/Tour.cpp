@@ -30,7 +30,10 @@ void printSettingsFile() {
 
 Tour::Tour(SettingsApplication& application, QString folder)
     : driver_(*application.window(), *application.navigationController()),
-      folder_(std::move(folder)) {}
+      folder_(std::move(folder)) {
+  QObject::connect(&listener_, &BroadcastListener::heard,
+                   [this](const QString& name) { heard_.append(name); });
+}
 
 bool Tour::run() {
   if (!listener_.isListening()) {
@@ -112,11 +115,8 @@ bool Tour::choosesBackground(int mode, const std::string& visibleRow) {
 
 bool Tour::heardRefreshes(int count) {
   if (!listener_.isListening()) return true;
-  QStringList heard;
-  driver_.waitFor([&] {
-    heard += listener_.takeHeard();
-    return heard.size() >= count;
-  });
+  driver_.waitFor([&] { return heard_.size() >= count; });
+  const QStringList heard = std::exchange(heard_, {});
   for (const QString& name : heard) std::printf("    heard %s\n", terminalText(name).constData());
   return heard == QStringList(count, kRefresh);
 }

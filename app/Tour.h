@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <string>
 
@@ -36,6 +37,7 @@ class Tour {
  private:
   TourDriver driver_;
   BroadcastListener listener_;
+  QStringList heard_;  // since the last look
   QString folder_;
   int steps_ = 0;
   int failures_ = 0;

@@ -1,5 +1,6 @@
 #include "app/BroadcastFollower.h"
 
+#include "tests/app/HeardNames.h"
 #include "tests/app/SelectorWindow.h"
 #include "tests/support/PrivateBus.h"
 #include "uikit/UIAlertController.h"
@@ -106,11 +107,10 @@ TEST_F(BroadcastFollowerTest, ItsOwnPostsChangeNothing) {
   ASSERT_NO_FATAL_FAILURE(window.clickSwitch("HideKeyCaps"));
   window.settle();
   window.platform.files.resetCalls();
-  BroadcastListener listener;
+  HeardNames heard;
 
   own.post("com.tarno.frelta.refresh");
-  QStringList heard;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !(heard += listener.takeHeard()).isEmpty(); }, 20'000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !heard.names.isEmpty(); }, 20'000));
   const UITableViewCell* cell = window.driver->findRow("CurrentPreset");
   const auto stays = cell->lifetime();
   window.settle();
@@ -123,11 +123,9 @@ TEST_F(BroadcastFollowerTest, ManyBroadcastsInOneTurnAreOneReading) {
   ASSERT_NO_FATAL_FAILURE(open({{"HideKeyCaps", 1}}));
   write({{"HideKeyCaps", 0}});
   for (int i = 0; i < 20; ++i) other.post("com.tarno.frelta.refresh");
-  BroadcastListener listener;
+  HeardNames heard;
   other.post("end");
-  QStringList heard;
-  ASSERT_TRUE(QTest::qWaitFor(
-      [&] { return (heard += listener.takeHeard()).contains(QStringLiteral("end")); }, 20'000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return heard.names.contains(QStringLiteral("end")); }, 20'000));
 
   window.settle();
 
@@ -225,14 +223,24 @@ TEST_F(BroadcastFollowerTest, TheTickedValueOfARowIsTheOneThatAnotherProgramWrot
             UITableViewCellAccessoryType::None);
 }
 
+TEST_F(BroadcastFollowerTest, PassesOverNamesThatAreLongerThanAny) {
+  HeardNames heard;
+  const std::string longest(255, 'n');
+
+  other.post(longest + 'n');
+  other.post(longest);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !heard.names.isEmpty(); }, 20'000));
+
+  EXPECT_EQ(heard.names, QStringList{QString::fromStdString(longest)});
+}
+
 TEST_F(BroadcastFollowerTest, OtherNamesChangeNothing) {
   ASSERT_NO_FATAL_FAILURE(open({{"HideKeyCaps", 1}}));
   ASSERT_NO_FATAL_FAILURE(window.putSettings({{"HideKeyCaps", 0}}));
-  BroadcastListener listener;
+  HeardNames heard;
 
   other.post("com.tarno.freltaprefs");
-  QStringList heard;
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !(heard += listener.takeHeard()).isEmpty(); }, 20'000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !heard.names.isEmpty(); }, 20'000));
   window.settle();
 
   EXPECT_TRUE(isOn("HideKeyCaps"));

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "app/BroadcastListener.h"
+#include "tests/app/HeardNames.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -61,13 +61,12 @@ TEST_F(InstallCommandTest, InstallsBesideTheExamples) {
 
 TEST_F(InstallCommandTest, TellsOpenWindowsOfTheStyle) {
   const PrivateBus bus;
-  BroadcastListener listener;
+  HeardNames heard;
 
   install(source, {}, qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS").toStdString());
 
-  QStringList heard;
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !(heard += listener.takeHeard()).isEmpty(); }, 20'000));
-  EXPECT_EQ(heard, QStringList{QStringLiteral("com.tarno.frelta.refresh")});
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !heard.names.isEmpty(); }, 20'000));
+  EXPECT_EQ(heard.names, QStringList{QStringLiteral("com.tarno.frelta.refresh")});
 }
 
 TEST_F(InstallCommandTest, SaysHowAStyleOfTheNameIsReplaced) {
