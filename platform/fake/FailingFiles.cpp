@@ -35,6 +35,10 @@ std::optional<std::uint64_t> FailingFiles::fileSizeAtPath(std::string_view path)
   return next_.fileSizeAtPath(path);
 }
 
+std::optional<FileStamp> FailingFiles::fileStampAtPath(std::string_view path) const {
+  return next_.fileStampAtPath(path);
+}
+
 std::optional<std::string> FailingFiles::contentsAtPath(std::string_view path,
                                                         std::uint64_t maximumBytes) const {
   if (!admit(Operation::Read, path)) return std::nullopt;

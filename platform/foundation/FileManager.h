@@ -8,6 +8,19 @@
 
 namespace frelta {
 
+/// Another one where a file was replaced or changed, unless it was changed in place, to the same
+/// length, within a tick of the file system's clock.
+struct FileStamp {
+  std::uint64_t device = 0;
+  std::uint64_t inode = 0;
+  std::uint64_t size = 0;
+  /// When its bytes and when anything about it last changed, nanoseconds since 1970.
+  std::int64_t modified = 0;
+  std::int64_t changed = 0;
+
+  bool operator==(const FileStamp&) const = default;
+};
+
 /// The device's file system. Paths are absolute device paths ("/Library/Frelta/Presets"), as the
 /// settings file stores them; an implementation resolves them under a root folder and lets neither
 /// ".." nor a symbolic link lead out of it. Links that are absolute count from the root.
@@ -30,6 +43,9 @@ class FileManager {
 
   /// Size in bytes of the regular file at the path. Nothing for anything else.
   virtual std::optional<std::uint64_t> fileSizeAtPath(std::string_view path) const = 0;
+
+  /// What tells one state of the regular file at the path from another. Nothing for anything else.
+  virtual std::optional<FileStamp> fileStampAtPath(std::string_view path) const = 0;
 
   /// The whole regular file. Nothing when it is missing, unreadable, not a regular file (a pipe or
   /// device is never waited on; errno is EINVAL or EISDIR) or larger than maximumBytes (EFBIG).

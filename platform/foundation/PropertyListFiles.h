@@ -10,9 +10,9 @@ namespace frelta {
 /// Property-list files, through the installed Platform. Paths are device paths.
 
 /// The file's dictionary. Nothing when the file is missing, unreadable, malformed, larger than
-/// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary; the last
-/// bytes that were refused are not judged a second time. A file that is refused for what it holds
-/// is told to the Platform's listener for failures.
+/// PropertyListSerialization::kMaximumBytes, or holds something other than a dictionary. A file
+/// that was refused for what it holds is not read again until it has changed; the Platform's
+/// listener for failures is told of it.
 std::optional<Dictionary> dictionaryWithContentsOfFile(std::string_view path);
 
 /// Replaces the file with the value's XML form, or its binary one where XML cannot carry it,

@@ -28,6 +28,10 @@ struct OpenFile {
   mode_t permissions = 0;
 };
 
+std::int64_t nanoseconds(const timespec& time) {
+  return std::int64_t{1'000'000'000} * time.tv_sec + time.tv_nsec;
+}
+
 /// Nothing for what is not a regular file; never waits for a pipe's other end.
 std::optional<OpenFile> openRegularFile(const DeviceRoot& root, std::string_view path, int flags) {
   FileDescriptor file = root.open(path, flags);
@@ -118,6 +122,14 @@ std::optional<std::vector<std::string>> LinuxFileManager::contentsOfDirectoryAtP
 std::optional<std::uint64_t> LinuxFileManager::fileSizeAtPath(std::string_view path) const {
   const auto file = openRegularFile(root_, path, O_PATH);
   return file ? std::optional(file->size) : std::nullopt;
+}
+
+std::optional<FileStamp> LinuxFileManager::fileStampAtPath(std::string_view path) const {
+  const auto file = openRegularFile(root_, path, O_PATH);
+  struct stat status;
+  if (!file || ::fstat(file->descriptor.get(), &status) != 0) return std::nullopt;
+  return FileStamp{status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+                   nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
 }
 
 std::optional<std::string> LinuxFileManager::contentsAtPath(std::string_view path,

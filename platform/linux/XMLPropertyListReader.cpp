@@ -241,10 +241,19 @@ bool areTagsShort(std::string_view bytes) {
   return true;
 }
 
+/// Each is told of alone. In UTF-16 others may be counted too.
+constexpr std::ptrdiff_t kMostLineBreaks = std::ptrdiff_t{4} << 20;
+
+std::ptrdiff_t lineBreaksIn(std::string_view bytes) {
+  return std::count(bytes.begin(), bytes.end(), '\n') +
+         std::count(bytes.begin(), bytes.end(), '\r');
+}
+
 }  // namespace
 
 std::optional<PropertyListValue> readXMLPropertyList(std::string_view bytes) {
-  if (bytes.size() > PropertyListSerialization::kMaximumBytes || !areTagsShort(bytes))
+  if (bytes.size() > PropertyListSerialization::kMaximumBytes || !areTagsShort(bytes) ||
+      lineBreaksIn(bytes) > kMostLineBreaks)
     return std::nullopt;
   return Reader().read(bytes);
 }

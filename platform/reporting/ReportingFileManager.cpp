@@ -37,6 +37,10 @@ std::optional<std::uint64_t> ReportingFileManager::fileSizeAtPath(std::string_vi
   return next_.fileSizeAtPath(path);
 }
 
+std::optional<FileStamp> ReportingFileManager::fileStampAtPath(std::string_view path) const {
+  return next_.fileStampAtPath(path);
+}
+
 std::optional<std::string> ReportingFileManager::contentsAtPath(std::string_view path,
                                                                 std::uint64_t maximumBytes) const {
   errno = 0;

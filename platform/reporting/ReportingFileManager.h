@@ -19,6 +19,7 @@ class ReportingFileManager : public FileManager {
   std::optional<std::vector<std::string>> contentsOfDirectoryAtPath(
       std::string_view path) const override;
   std::optional<std::uint64_t> fileSizeAtPath(std::string_view path) const override;
+  std::optional<FileStamp> fileStampAtPath(std::string_view path) const override;
   std::optional<std::string> contentsAtPath(std::string_view path,
                                             std::uint64_t maximumBytes) const override;
   bool createDirectoryAtPath(std::string_view path) override;

@@ -22,6 +22,11 @@ class MemoryFiles : public FileManager {
   std::optional<std::uint64_t> fileSizeAtPath(std::string_view) const override {
     return std::nullopt;
   }
+  std::optional<FileStamp> fileStampAtPath(std::string_view path) const override {
+    const auto found = files.find(path);
+    if (found == files.end()) return std::nullopt;
+    return FileStamp{.size = found->second.size(), .modified = modified};
+  }
   std::optional<std::string> contentsAtPath(std::string_view path,
                                             std::uint64_t maximumBytes) const override {
     ++reads;
@@ -42,6 +47,7 @@ class MemoryFiles : public FileManager {
 
   std::map<std::string, std::string, std::less<>> files;
   bool diskIsFull = false;
+  std::int64_t modified = 0;
   int writes = 0;
   mutable int reads = 0;
   mutable std::uint64_t largestRead = 0;
@@ -89,7 +95,43 @@ TEST_F(PropertyListFiles, AFileThatCannotBeReadIsJudgedOnceForAllTheRowsOfAPage)
   for (int row = 0; row < 21; ++row) dictionaryWithContentsOfFile("/damaged.plist");
 
   EXPECT_EQ(propertyLists.judged, 1);
-  EXPECT_EQ(files.reads, 21);
+  EXPECT_EQ(files.reads, 1);
+}
+
+TEST_F(PropertyListFiles, AFileThatCouldNotBeReadIsReadAgainOnceItHasChanged) {
+  files.files["/changed.plist"] = "<plist><dict><key>another of this test";
+  for (int row = 0; row < 3; ++row) dictionaryWithContentsOfFile("/changed.plist");
+
+  files.files["/changed.plist"] = "<plist><dict><key>k</key><true/></dict>";
+  files.modified = 1;
+  const auto damagedAgain = dictionaryWithContentsOfFile("/changed.plist");
+  files.files["/changed.plist"] = "<plist><dict/></plist>";
+  files.modified = 2;
+
+  EXPECT_EQ(damagedAgain, std::nullopt);
+  EXPECT_EQ(dictionaryWithContentsOfFile("/changed.plist"), Dictionary{});
+}
+
+TEST_F(PropertyListFiles, FilesThatCannotBeReadAreJudgedOnceEach) {
+  files.files["/one.plist"] = "<plist>one of two";
+  files.files["/two.plist"] = "<plist>one of two";
+
+  for (const char* path : {"/one.plist", "/two.plist", "/one.plist", "/two.plist"})
+    dictionaryWithContentsOfFile(path);
+
+  EXPECT_EQ(propertyLists.judged, 2);
+}
+
+TEST_F(PropertyListFiles, ManyFilesThatCannotBeReadAreNotAllRemembered) {
+  for (int i = 0; i < 17; ++i) {
+    const std::string path = "/many-" + std::to_string(i) + ".plist";
+    files.files[path] = "<plist>";
+    dictionaryWithContentsOfFile(path);
+  }
+
+  dictionaryWithContentsOfFile("/many-0.plist");
+
+  EXPECT_EQ(propertyLists.judged, 18);
 }
 
 TEST_F(PropertyListFiles, AFileThatWasDamagedIsReadOnceItIsWhole) {

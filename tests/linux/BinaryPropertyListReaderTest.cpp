@@ -306,7 +306,7 @@ TEST(BinaryPropertyListReader, FourMegabytesOfReferencesTakeLittleMemory) {
 }
 
 TEST(BinaryPropertyListReader, SharedTextCountsAsOftenAsItIsVisited) {
-  // A mebibyte of text, referred to 17 times.
+  // A mebibyte of text, referred to 65 times.
   const std::string text = "\x5F\x12"s + bigEndian(1 << 20, 4) + std::string(1 << 20, 'x');
   const auto shared = [&text](char times) {
     return AssembledBinaryPropertyList{
@@ -315,12 +315,12 @@ TEST(BinaryPropertyListReader, SharedTextCountsAsOftenAsItIsVisited) {
         .bytes();
   };
 
-  EXPECT_TRUE(readBinaryPropertyList(shared(16)));
-  EXPECT_FALSE(readBinaryPropertyList(shared(17)));
+  EXPECT_TRUE(readBinaryPropertyList(shared(64)));
+  EXPECT_FALSE(readBinaryPropertyList(shared(65)));
 }
 
-TEST(BinaryPropertyListReader, ReadsTwelveMegabytesOfData) {
-  const std::string blob(12'000'000, '\x80');
+TEST(BinaryPropertyListReader, ReadsFiftyMegabytesOfData) {
+  const std::string blob(50'000'000, '\x80');
 
   const std::optional<PropertyListValue> value =
       readObject("\x4F\x12"s + bigEndian(blob.size(), 4) + blob);

@@ -164,7 +164,7 @@ TEST_F(PropertyListForms, TheBinaryFormIsWrittenWhereXMLCannotCarryTheValue) {
 
 // Base64 takes four bytes for three: the file read would be the last one that could be.
 TEST_F(PropertyListForms, TheBinaryFormIsWrittenWhereXMLWouldBeTooLarge) {
-  const PropertyListValue value(Data{std::string(13 << 20, 'x')});
+  const PropertyListValue value(Data{std::string(50 << 20, 'x')});
 
   const auto document = propertyLists.dataWithPropertyList(value);
 

@@ -129,6 +129,22 @@ TEST_P(FileManagerContract, ListsAnEmptyFolderAsEmptyAgainAndAgain) {
   EXPECT_THAT(files.contentsOfDirectoryAtPath("/full"), Optional(testing::SizeIs(1)));
 }
 
+TEST_P(FileManagerContract, AStampTellsOneStateOfAFileFromAnother) {
+  device.put("/file", "first");
+  const auto first = files.fileStampAtPath("/file");
+  const auto again = files.fileStampAtPath("/file");
+  device.put("/file", "longer");
+  const auto longer = files.fileStampAtPath("/file");
+  ASSERT_TRUE(files.writeAtomically("/file", "former"));
+
+  EXPECT_TRUE(first);
+  EXPECT_EQ(again, first);
+  EXPECT_NE(longer, first);
+  EXPECT_NE(files.fileStampAtPath("/file"), longer);
+  EXPECT_EQ(files.fileStampAtPath("/"), std::nullopt);
+  EXPECT_EQ(files.fileStampAtPath("/none"), std::nullopt);
+}
+
 TEST_P(FileManagerContract, TellsTheSizeOfRegularFilesOnly) {
   device.put("/file", std::string(12345, 'x'));
   ASSERT_EQ(::mkfifo(device.host("/pipe").c_str(), 0644), 0);

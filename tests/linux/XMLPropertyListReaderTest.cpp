@@ -279,14 +279,25 @@ TEST(XMLPropertyListReader, AsManyKeysAsMayBeTakeLittleMemory) {
   EXPECT_LT(memory.growth(), std::uint64_t{64} << 20);
 }
 
-TEST(XMLPropertyListReader, ReadsTwelveMegabytesOfData) {
-  const std::string blob(12'000'000, '\x80');
+TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
+  const std::string blob(50'000'000, '\x80');
 
   const std::optional<PropertyListValue> value =
       readBody("<data>" + base64EncodedString(blob) + "</data>");
 
   ASSERT_TRUE(value && value->data());
   EXPECT_TRUE(value->data()->bytes == blob);
+}
+
+TEST(XMLPropertyListReader, TakesFourMebiLineBreaksAndNoMore) {
+  const auto withBreaks = [](std::size_t count, char lineBreak) {
+    return "<plist><string>" + std::string(count, lineBreak) + "</string></plist>";
+  };
+  constexpr std::size_t kMost = std::size_t{4} << 20;
+
+  EXPECT_TRUE(readXMLPropertyList(withBreaks(kMost, '\n')));
+  EXPECT_FALSE(readXMLPropertyList(withBreaks(kMost + 1, '\n')));
+  EXPECT_FALSE(readXMLPropertyList(withBreaks(kMost + 1, '\r')));
 }
 
 TEST(XMLPropertyListReader, TakesNoAttributeButTheVersion) {

@@ -72,13 +72,13 @@ TEST_F(LongPressOnScreenTest, APressThatMovesAwayIsNone) {
 }
 
 TEST_F(LongPressOnScreenTest, AFingerDoesTheSame) {
-  const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+  static QPointingDevice* const finger = QTest::createTouchDevice();
   const QPoint point = pointIn(*button);
 
-  QTest::touchEvent(window.get(), finger.get()).press(0, point);
+  QTest::touchEvent(window.get(), finger).press(0, point);
   settle();
   platform.mainQueue.advance(0.5);
-  QTest::touchEvent(window.get(), finger.get()).release(0, point);
+  QTest::touchEvent(window.get(), finger).release(0, point);
   settle();
 
   EXPECT_THAT(states, ElementsAre(State::Began, State::Ended));

@@ -101,10 +101,10 @@ TEST_F(PointerTest, AFingerHoversOverNothing) {
   auto screen = std::make_shared<TableScreen>(std::vector<TableRows::Section>{{"", 3, ""}});
   show(screen);
   const UITableViewCell& row = *screen->table().cellForRowAtIndexPath({0, 1});
-  const std::unique_ptr<QPointingDevice> finger(QTest::createTouchDevice());
+  static QPointingDevice* const finger = QTest::createTouchDevice();
 
-  QTest::touchEvent(window.get(), finger.get()).press(0, pointIn(row));
-  QTest::touchEvent(window.get(), finger.get()).release(0, pointIn(row));
+  QTest::touchEvent(window.get(), finger).press(0, pointIn(row));
+  QTest::touchEvent(window.get(), finger).release(0, pointIn(row));
   settle();
 
   EXPECT_FALSE(item(row)->property("hovered").toBool());
