@@ -104,7 +104,8 @@ void StyleDrop::jobFinished(const StyleInstallJob::Result& result) {
       askToReplace(path, refusal.detail);
       return;
     }
-    tellError(textOfRefusal(shownName(QFileInfo(path).fileName().toStdString()), refusal));
+    const StyleRefusal shown{refusal.reason, shownName(refusal.detail).toStdString()};
+    tellError(textOfRefusal(shownName(QFileInfo(path).fileName().toStdString()), shown));
   }
   startNext();
 }

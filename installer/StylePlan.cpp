@@ -30,11 +30,15 @@ std::vector<std::string_view> componentsOf(std::string_view path) {
   return components;
 }
 
+constexpr char32_t kLineSeparator = 0x2028;
+constexpr char32_t kParagraphSeparator = 0x2029;
+
 bool isPlainText(std::string_view text) {
   for (std::size_t i = 0; i < text.size();) {
     const auto scalar = scalarAt(text, i);
     if (!scalar || scalar->value < 0x20 || (scalar->value >= 0x7f && scalar->value < 0xa0) ||
-        scalar->value == U'\\')
+        scalar->value == U'\\' || scalar->value == kLineSeparator ||
+        scalar->value == kParagraphSeparator)
       return false;
     i += scalar->length;
   }

@@ -267,6 +267,22 @@ TEST_F(StyleDropTest, SaysWhatAnInstallationThrows) {
             "“Sea.theme” was not installed. It cannot be read: std::bad_alloc.");
 }
 
+TEST_F(StyleDropTest, LetsNoNameInARefusalForgeASentence) {
+  drop = std::make_unique<StyleDrop>(
+      *window.application->window(), *window.notes, *window.application->navigationController(),
+      root(), [](const StyleInstallation&) -> StyleInstallJob::Result {
+        return StyleRefusal{StyleRefusalReason::Link, "a” was installed.\u2028Pay now.\n"};
+      });
+
+  dropFiles({style("Sea.theme")});
+  waitUntilIdle();
+
+  ASSERT_NE(window.driver->alert(), nullptr);
+  EXPECT_EQ(window.driver->alert()->message(),
+            "“Sea.theme” was not installed. “a” was installed.\uFFFDPay now.\uFFFD” in it is a "
+            "link, and styles may not hold links.");
+}
+
 TEST_F(StyleDropTest, LeavesNothingWhenTheApplicationEndsMeanwhile) {
   dropFiles({style("Large.theme", 4000)});
 

@@ -84,9 +84,10 @@ TEST(StylePlan, CountsOnlyWhatItMakes) {
 }
 
 TEST(StylePlan, TakesNamesUpToTheFirstAndFromTheLastControlCharacter) {
-  for (const char* name : {" ", "~", "\u00a0", "\u202e", "ö", "]", "["})
+  for (const char* name : {" ", "~", "\u00a0", "\u2027", "\u202a", "\u202e", "ö", "]", "["})
     EXPECT_EQ(plan({"a", {std::string("A.theme/Images/x") + name}}).files.size(), 1U) << name;
-  for (const char* name : {"\x1f", "\x01", "\t", "\x7f", "\u0080", "\u009f", "\\", "\xff"})
+  for (const char* name :
+       {"\x1f", "\x01", "\t", "\x7f", "\u0080", "\u009f", "\\", "\xff", "\u2028", "\u2029"})
     EXPECT_THAT(refusal({"a", {std::string("A.theme/Images/x") + name}}),
                 refusedFor(Reason::NameNotText));
 }
