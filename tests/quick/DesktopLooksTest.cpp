@@ -36,12 +36,12 @@ TEST_F(DesktopLooks, ReducedMotionGivesAnimationsNoLength) {
   FakePortal portal(QMap<QString, QVariant>{});
   Appearance appearance(UserInterfaceStyle::Light);
   QuickWindow window(std::make_shared<PlainScreen>(), appearance);
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return portal.wasRead(space, QStringLiteral("reduced-motion")); }));
+  ASSERT_TRUE(QTest::qWaitFor(
+      [&] { return portal.wasRead(space, QStringLiteral("reduced-motion")); }, 20'000));
   const bool moving = UIView::areAnimationsEnabled() && window.mirror().theme().motion() == 1;
 
   portal.change(space, QStringLiteral("reduced-motion"), 1u);
-  const bool stopped = QTest::qWaitFor([] { return !UIView::areAnimationsEnabled(); });
+  const bool stopped = QTest::qWaitFor([] { return !UIView::areAnimationsEnabled(); }, 20'000);
 
   EXPECT_TRUE(moving);
   EXPECT_TRUE(stopped);
@@ -64,7 +64,7 @@ TEST_F(DesktopLooks, HighContrastMakesWhatIsPaleSolid) {
   const QColor before = shown(window, *view);
 
   portal.change(space, QStringLiteral("contrast"), 1u);
-  const bool changed = QTest::qWaitFor([&] { return shown(window, *view).alphaF() == 1; });
+  const bool changed = QTest::qWaitFor([&] { return shown(window, *view).alphaF() == 1; }, 20'000);
 
   EXPECT_LT(before.alphaF(), 1);
   EXPECT_TRUE(changed);
