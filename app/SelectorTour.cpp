@@ -1,6 +1,7 @@
 #include "app/SelectorTour.h"
 
-#include <ranges>
+#include <algorithm>
+#include <span>
 #include <string>
 
 #include "device/Paths.h"
@@ -76,7 +77,9 @@ void walkThrough(Tour& tour, const StyleKind& kind) {
 
 void walkThroughSelectors(Tour& tour) {
   // The page shows the first kind's row already: choosing its mode again would change nothing.
-  for (const StyleKind& kind : std::views::reverse(styleKinds())) walkThrough(tour, kind);
+  const std::span<const StyleKind> kinds = styleKinds();
+  std::for_each(kinds.rbegin(), kinds.rend(),
+                [&](const StyleKind& kind) { walkThrough(tour, kind); });
 }
 
 }  // namespace frelta
