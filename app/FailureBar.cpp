@@ -15,10 +15,10 @@ bool isOfReading(const Failure& failure) {
          failure.operation == Failure::Operation::Understand;
 }
 
-bool isOfWriting(const Failure& failure) {
+/// Pages make folders whenever they appear; what they show does not depend on it.
+bool isOfAChange(const Failure& failure) {
   return failure.operation == Failure::Operation::Write ||
-         failure.operation == Failure::Operation::Remove ||
-         failure.operation == Failure::Operation::CreateFolder;
+         failure.operation == Failure::Operation::Remove;
 }
 
 }  // namespace
@@ -35,10 +35,9 @@ void FailureBar::tell(const Failure& failure) {
     if (saidOfReading_.contains(text)) return;
     saidOfReading_.insert(text);
   }
-  // What a page does about a failed change may fail alike: one cause is said once.
-  if (note_.text() == text) return;
-  note_.showFor(kShownFor, text);
-  if (isOfWriting(failure)) showWhatIsStored(navigation_);
+  // One cause is said once, but each change that failed is taken back.
+  if (note_.text() != text) note_.showFor(kShownFor, text);
+  if (isOfAChange(failure)) showWhatIsStored(navigation_);
 }
 
 }  // namespace frelta

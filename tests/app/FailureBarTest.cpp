@@ -78,7 +78,8 @@ TEST_F(FailureBarTest, KeepsThePlaceInThePageAndTheFocus) {
   EXPECT_EQ(window.application->window()->activeFocusItem(), focused);
 }
 
-TEST_F(FailureBarTest, SaysOneCauseOnce) {
+TEST_F(FailureBarTest, SaysOneCauseOnceAndTakesEachChangeBack) {
+  window.putSettings({{"Enabled", 1}, {"HideKeyCaps", 0}});
   ASSERT_NO_FATAL_FAILURE(open());
   window.platform.files.fail(FailingFiles::Operation::Write);
 
@@ -87,6 +88,7 @@ TEST_F(FailureBarTest, SaysOneCauseOnce) {
   window.clickSwitch("HideKeyCaps");
 
   ASSERT_NE(first, nullptr);
+  EXPECT_FALSE(isOn("HideKeyCaps"));
   EXPECT_EQ(window.note(), first);
   EXPECT_EQ(window.noteText(), QStringLiteral("Not saved."));
 }
