@@ -3,28 +3,11 @@
 #include <algorithm>
 
 #include "quick/QuickWindow.h"
+#include "quick/ViewSearch.h"
 
 namespace frelta {
 
 namespace {
-
-/// The view that the item shows, or is a part of what shows; null for none.
-UIView* viewOf(const QQuickItem* item) {
-  for (; item; item = item->parentItem()) {
-    if (const auto* node = item->property("node").value<ViewNode*>()) return node->view();
-  }
-  return nullptr;
-}
-
-UITableView* tableIn(UIView& view) {
-  if (view.isHidden()) return nullptr;
-  if (auto* table = dynamic_cast<UITableView*>(&view)) return table;
-  const auto subviews = view.subviews();
-  for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
-    if (UITableView* table = tableIn(**subview)) return table;
-  }
-  return nullptr;
-}
 
 Qt::FocusReason reasonOf(const QQuickItem& item) {
   const QVariant reason = item.property("focusReason");
@@ -58,7 +41,7 @@ void FocusKeeper::focusMoved() {
 
 UITableView* FocusKeeper::tableInFront() const {
   const auto layers = window_.uiWindow().subviews();
-  return layers.size() == 1 ? tableIn(*layers.front()) : nullptr;
+  return layers.size() == 1 ? frontTable(*layers.front()) : nullptr;
 }
 
 std::optional<FocusKeeper::Place> FocusKeeper::placeIn(const UITableView& table) {

@@ -7,23 +7,10 @@
 
 #include "quick/EventGuard.h"
 #include "quick/FocusKeeper.h"
+#include "quick/ViewSearch.h"
 #include "uikit/UIAccessibilityState.h"
 
 namespace frelta {
-
-namespace {
-
-UITableView* frontTable(UIView& view) {
-  if (view.isHidden()) return nullptr;
-  if (auto* table = dynamic_cast<UITableView*>(&view)) return table;
-  const auto subviews = view.subviews();
-  for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview) {
-    if (UITableView* table = frontTable(**subview)) return table;
-  }
-  return nullptr;
-}
-
-}  // namespace
 
 QuickWindow::QuickWindow(std::shared_ptr<UIViewController> root, Appearance& appearance)
     : appearance_(appearance),
@@ -97,10 +84,7 @@ void QuickWindow::layoutColumn() {
 }
 
 UIView* QuickWindow::focusedView() const {
-  for (QQuickItem* item = activeFocusItem(); item; item = item->parentItem()) {
-    if (const auto* node = item->property("node").value<ViewNode*>()) return node->view();
-  }
-  return nullptr;
+  return viewOf(activeFocusItem());
 }
 
 UITableView* QuickWindow::tableForKeys() const {
