@@ -3,6 +3,7 @@
 
 #include "quick/RenderBackend.h"
 #include "tests/app/StillDriver.h"
+#include "tests/support/PrivateBus.h"
 #include "tests/support/RestoredApplication.h"
 #include "tests/support/TestFonts.h"
 
@@ -12,6 +13,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_UPDATE_IDLE_TIME", "0");
   frelta::useTestFonts();
   testing::InitGoogleMock(&argc, argv);
+  // Tests run side by side, and each plays the desktop on the bus of its process.
+  const frelta::PrivateBus bus;
   QGuiApplication application(argc, argv);
   frelta::chooseRenderBackend();
   frelta::StillDriver::animations();

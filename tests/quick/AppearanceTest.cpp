@@ -12,18 +12,12 @@
 
 #include "tests/quick/FakePortal.h"
 #include "tests/support/PeakMemory.h"
-#include "tests/support/PrivateBus.h"
 
 namespace frelta {
 namespace {
 
 class AppearanceTest : public testing::Test {
  protected:
-  // The connection to the session bus lives as long as the process.
-  static void SetUpTestSuite() {
-    static PrivateBus bus;
-    ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
-  }
   AppearanceTest() { usePalette(Qt::white, Qt::black); }
   ~AppearanceTest() override { QGuiApplication::setPalette(QPalette()); }
 

@@ -2,7 +2,6 @@
 
 #include "tests/quick/FakePortal.h"
 #include "tests/quick/WindowTest.h"
-#include "tests/support/PrivateBus.h"
 #include "uikit/UILabel.h"
 
 namespace frelta {
@@ -10,11 +9,6 @@ namespace {
 
 class DesktopLooks : public testing::Test {
  protected:
-  // The connection to the session bus lives as long as the process.
-  static void SetUpTestSuite() {
-    static PrivateBus bus;
-    ASSERT_TRUE(QDBusConnection::sessionBus().isConnected());
-  }
   DesktopLooks() {
     UIKitServices services;
     services.text = &text;
