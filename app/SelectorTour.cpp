@@ -44,7 +44,8 @@ bool isOn(TourDriver& driver, const std::string& name) {
 
 void walkThrough(Tour& tour, const StyleKind& kind) {
   TourDriver& driver = tour.driver();
-  const QString title = QString::fromUtf8(kind.title.data(), kind.title.size());
+  const QString title =
+      QString::fromUtf8(kind.title.data(), static_cast<qsizetype>(kind.title.size()));
   const std::string example = nameOf(kind.examplePath);
   const std::string row(kind.rowKey);
   const auto stores = [&](const std::string& value) {
