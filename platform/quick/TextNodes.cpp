@@ -3,7 +3,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <algorithm>
-#include <cmath>
 
 #include "quick/EventGuard.h"
 #include "quick/Fonts.h"
@@ -16,6 +15,10 @@ namespace frelta {
 namespace {
 // More than any window shows; laying out megabytes in one line would stop it.
 constexpr qsizetype kLongestLine = 2000;
+
+// Points. Smaller letters are no help to anybody: a text that would shrink further is elided, in
+// the middle, since names are told apart by their beginnings and ends.
+constexpr double kLeastReadableSize = 9;
 }  // namespace
 
 void LabelNode::syncContents() {
@@ -26,10 +29,13 @@ void LabelNode::syncContents() {
   color_ = mirror().theme().resolve(label.textColor());
   alignment_ = qtAlignment(label.textAlignment(), mirror().isRightToLeft());
   lines_ = label.numberOfLines();
-  minimumPixelSize_ = label.adjustsFontSizeToFitWidth()
-                          ? std::max(1, static_cast<int>(std::floor(label.font().pointSize *
-                                                                    label.minimumScaleFactor())))
-                          : 0;
+  minimumPixelSize_ = 0;
+  elidesMiddle_ = false;
+  if (!label.adjustsFontSizeToFitWidth()) return;
+  const double size = label.font().pointSize;
+  const double least = size * label.minimumScaleFactor();
+  elidesMiddle_ = least < std::min(size, kLeastReadableSize);
+  minimumPixelSize_ = static_cast<int>(std::max(least, std::min(size, kLeastReadableSize)));
 }
 
 void TextFieldNode::syncContents() {

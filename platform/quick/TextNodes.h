@@ -19,6 +19,7 @@ class LabelNode : public ViewNode {
   Q_PROPERTY(int alignment MEMBER alignment_ NOTIFY changed)
   Q_PROPERTY(int lines MEMBER lines_ NOTIFY changed)
   Q_PROPERTY(int minimumPixelSize MEMBER minimumPixelSize_ NOTIFY changed)
+  Q_PROPERTY(bool elidesMiddle MEMBER elidesMiddle_ NOTIFY changed)
 
  public:
   LabelNode(UILabel& label, ViewMirror& mirror) : ViewNode(label, mirror) {}
@@ -34,6 +35,7 @@ class LabelNode : public ViewNode {
   int alignment_ = Qt::AlignLeft;
   int lines_ = 1;             // 0 for any number
   int minimumPixelSize_ = 0;  // 0: the text does not shrink
+  bool elidesMiddle_ = false;
 };
 
 class TextFieldNode : public ViewNode {

@@ -158,6 +158,35 @@ TEST_F(ViewsOnScreenTest, ALabelThatAdjustsGetsSmallerBeforeItElides) {
   EXPECT_FALSE(item(*label)->property("truncated").toBool());
 }
 
+TEST_F(ViewsOnScreenTest, ALabelStaysReadableAndElidesInTheMiddle) {
+  UIView& root = showPlain();
+  UILabel* label = add(root, std::make_unique<UILabel>(), {10, 100, 100, 40});
+  label->setText("A name that is told apart from others by how it begins and by where it ends");
+  label->setFont(UIFont::systemFontOfSize(24));
+
+  label->setAdjustsFontSizeToFitWidth(true);
+  label->setMinimumScaleFactor(0.2);
+  settle();
+  window->grabWindow();  // the text is laid out anew before it is painted
+
+  EXPECT_EQ(item(*label)->property("minimumPixelSize").toInt(), 9);
+  EXPECT_EQ(item(*label)->property("elide").toInt(), Qt::ElideMiddle);
+  EXPECT_TRUE(item(*label)->property("truncated").toBool());
+  EXPECT_GT(item(*label)->property("contentHeight").toDouble(), 9);
+}
+
+TEST_F(ViewsOnScreenTest, ALabelThatIsSmallAnywayKeepsItsSize) {
+  UIView& root = showPlain();
+  UILabel* label = add(root, std::make_unique<UILabel>(), {10, 100, 100, 40});
+  label->setFont(UIFont::systemFontOfSize(8));
+
+  label->setAdjustsFontSizeToFitWidth(true);
+  label->setMinimumScaleFactor(0.2);
+  settle();
+
+  EXPECT_EQ(item(*label)->property("minimumPixelSize").toInt(), 8);
+}
+
 TEST_F(ViewsOnScreenTest, ControlsShowTheirState) {
   UIView& root = showPlain();
   auto* button = add(root, std::make_unique<UIButton>(), {0, 0, 100, 44});
