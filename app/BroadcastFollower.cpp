@@ -27,6 +27,7 @@ void BroadcastFollower::heard(const QString& name, const QString& sender) {
     if (!self) return;
     self->isDue_ = false;
     showWhatIsStored(self->navigation_);
+    Q_EMIT self->followed();
   });
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "app/FailureReports.h"
+#include "app/FileRemovals.h"
 #include "foundation/Platform.h"
 #include "graphics/GraphicsServices.h"
 #include "linux/LinuxDarwinNotificationCenter.h"
@@ -42,11 +43,14 @@ class HostPlatform {
   LinuxDarwinNotificationCenter& notifications() { return notifications_; }
   /// What the services could not do.
   const FailureReports& failures() const { return failures_; }
+  const FileRemovals& removals() const { return removals_; }
 
  private:
   FailureReports failures_;
+  FileRemovals removals_;
   LinuxFileManager files_;
-  ReportingFileManager reportingFiles_{files_, failures_};
+  ReportingFileManager reportingFiles_{files_, failures_,
+                                       [this](std::string_view path) { removals_.tell(path); }};
   LinuxPropertyListSerialization propertyLists_;
   LinuxJSONSerialization json_;
   LinuxDarwinNotificationCenter notifications_;

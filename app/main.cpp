@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/BroadcastFollower.h"
+#include "app/ChangeAnnouncer.h"
 #include "app/FailureBar.h"
 #include "app/HostPlatform.h"
 #include "app/InstallCommand.h"
@@ -124,6 +125,7 @@ int runInWindow(int argc, char** argv, const Options& options) {
   const StyleDrop drop(*settings.window(), notes, *settings.navigationController(),
                        root.toStdString());
   const FailureBar failures(host.failures(), notes, *settings.navigationController());
+  const ChangeAnnouncer announcer(host.removals(), follower, notes);
   const int status = QGuiApplication::exec();
   state.save(*settings.window());
   return status;

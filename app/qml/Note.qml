@@ -27,7 +27,8 @@ Item {
     LayoutMirroring.enabled: Qt.application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
 
-    Accessible.role: Accessible.AlertMessage
+    // The role that screen readers read as soon as it shows.
+    Accessible.role: Accessible.Notification
     Accessible.name: text
 
     Timer {

@@ -347,6 +347,17 @@ Shows the pages and writes the settings under a device root.</source>
     </message>
 </context>
 <context>
+    <name>frelta::ChangeAnnouncer</name>
+    <message>
+        <source>The settings were changed elsewhere.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The preset “%1” was deleted.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>frelta::QtPicturePicker</name>
     <message>
         <source>There is no file dialogue on this system.</source>

@@ -348,6 +348,17 @@ Zeigt die Seiten und schreibt die Einstellungen unter einem Gerätewurzelordner.
     </message>
 </context>
 <context>
+    <name>frelta::ChangeAnnouncer</name>
+    <message>
+        <source>The settings were changed elsewhere.</source>
+        <translation>Die Einstellungen wurden anderswo geändert.</translation>
+    </message>
+    <message>
+        <source>The preset “%1” was deleted.</source>
+        <translation>Die Voreinstellung „%1“ wurde gelöscht.</translation>
+    </message>
+</context>
+<context>
     <name>frelta::QtPicturePicker</name>
     <message>
         <source>There is no file dialogue on this system.</source>

@@ -59,6 +59,7 @@ bool ReportingFileManager::createDirectoryAtPath(std::string_view path) {
 bool ReportingFileManager::removeItemAtPath(std::string_view path) {
   errno = 0;
   const bool removed = next_.removeItemAtPath(path);
+  if (removed && removed_) removed_(path);
   return removed || wasMissing() ? removed : told(false, Failure::Operation::Remove, path);
 }
 

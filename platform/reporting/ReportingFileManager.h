@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <utility>
+
 #include "foundation/FailureListener.h"
 #include "foundation/FileManager.h"
 
@@ -7,12 +10,15 @@ namespace frelta {
 
 /// Passes every operation on to another file manager and tells the listener of each change that
 /// failed, and of each property list that is there and cannot be read. What is missing is no
-/// failure: neither reading nor removing it.
+/// failure: neither reading nor removing it. What was removed is told as well.
 class ReportingFileManager : public FileManager {
  public:
-  /// Neither is owned; both outlive this.
-  ReportingFileManager(FileManager& next, FailureListener& listener)
-      : next_(next), listener_(listener) {}
+  using Removed = std::function<void(std::string_view path)>;
+
+  /// Neither is owned; both outlive this. What hears of removals is called in the thread that
+  /// removes, afterwards.
+  ReportingFileManager(FileManager& next, FailureListener& listener, Removed removed = {})
+      : next_(next), listener_(listener), removed_(std::move(removed)) {}
 
   bool fileExistsAtPath(std::string_view path) const override;
   bool directoryExistsAtPath(std::string_view path) const override;
@@ -34,6 +40,7 @@ class ReportingFileManager : public FileManager {
 
   FileManager& next_;
   FailureListener& listener_;
+  Removed removed_;
 };
 
 }  // namespace frelta

@@ -59,6 +59,18 @@ TEST_F(ReportingFiles, SayNothingOfWhatIsMissing) {
   EXPECT_THAT(failures.told, IsEmpty());
 }
 
+TEST_F(ReportingFiles, TellWhatWasRemoved) {
+  std::vector<std::string> removed;
+  ReportingFileManager telling{platform.files, failures,
+                               [&](std::string_view path) { removed.emplace_back(path); }};
+  platform.put(kList, "text");
+
+  EXPECT_FALSE(telling.removeItemAtPath("/missing"));
+  EXPECT_TRUE(telling.removeItemAtPath(kList));
+
+  EXPECT_THAT(removed, ElementsAre(kList));
+}
+
 TEST_F(ReportingFiles, SayWhyAWriteAndACopyFailed) {
   platform.put("/folder/list.plist", "text");
   platform.put("/file", "");
