@@ -141,7 +141,7 @@ class PNGGate {
     if (type == "sRGB" && contents.size() == 1) keep(standard_, contents);
     if (type == "gAMA" && contents.size() == 4) keep(gamma_, contents);
     if (type == "cHRM" && contents.size() == 32) keep(primaries_, contents);
-    if (type == "iCCP" && profile_.empty()) profile_ = inflatedProfile(contents);
+    if (type == "iCCP") keep(compressedProfile_, contents);
     return true;
   }
 
@@ -156,7 +156,8 @@ class PNGGate {
     return true;
   }
 
-  /// A name, a byte for the method of compression, and the profile.
+  /// Of a name, a byte for the method of compression, and the profile; empty where there is none,
+  /// it is damaged, or too large.
   static std::string inflatedProfile(std::string_view contents) {
     const std::size_t end = contents.find('\0');
     if (end == std::string_view::npos || end + 2 > contents.size()) return {};
@@ -253,7 +254,7 @@ class PNGGate {
                         static_cast<int>(height()),
                         std::string(kPNGSignature),
                         orientation_,
-                        std::move(profile_)};
+                        inflatedProfile(compressedProfile_)};
     // Grown by the piece it would take twice the room.
     result.bytes.reserve(pixels_.size() + kMostBesidePixels);
     appendChunk(result.bytes, "IHDR", header_);
@@ -278,8 +279,8 @@ class PNGGate {
   std::string_view standard_;
   std::string_view gamma_;
   std::string_view primaries_;
+  std::string_view compressedProfile_;
   std::string pixels_;
-  std::string profile_;
   int orientation_ = 1;
 };
 

@@ -308,6 +308,22 @@ TEST_F(PictureGate, AProfileBeyondAMegabyteIsNone) {
             (Pixel{200, 100, 50, 255}));
 }
 
+// Else a file of a megabyte could have a gigabyte of profiles unpacked, one by one.
+TEST_F(PictureGate, UnpacksOneProfileOnlyEvenIfThatIsNone) {
+  QImage photo(4, 4, QImage::Format_RGB32);
+  photo.fill(qRgb(200, 100, 50));
+  const auto profile = [](qsizetype size) {
+    return chunk("iCCP", std::string("a\0\0", 3) + packed(QByteArray(size, 'x')));
+  };
+  std::string png = fileOf(photo, "png");
+  png.insert(kAfterHeader, profile(1'048'577) + profile(100));
+
+  const auto gated = gatedPicture(png);
+
+  ASSERT_TRUE(gated);
+  EXPECT_EQ(gated->profile, "");
+}
+
 TEST_F(PictureGate, StoresThePNGWithWhatItsColoursAre) {
   const std::string png = images.pngRepresentation(*picture(2, 2, kRed)).value();
 
