@@ -27,7 +27,7 @@ class JSONSerialization {
   /// Writes the pretty-printed form: two blanks a level, one entry a line, keys in the dictionary's
   /// order, UTF-8. Doubles are written so that they read back as the same double, never as an
   /// integer. Throws std::invalid_argument when JSON cannot hold a value: a date, data, a number
-  /// that is not finite, or text that is not UTF-8.
+  /// that is not finite, text that is not UTF-8, or more than the implementation writes.
   virtual std::string prettyPrintedDataWithObject(const PropertyListValue& value) const = 0;
 };
 

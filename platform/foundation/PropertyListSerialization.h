@@ -17,7 +17,7 @@ class PropertyListSerialization {
   /// Values in one document, keys not counted.
   static constexpr std::size_t kMaximumNodes = 200'000;
   /// Bytes of one document.
-  static constexpr std::size_t kMaximumBytes = std::size_t{64} << 20;
+  static constexpr std::size_t kMaximumBytes = std::size_t{48} << 20;
 
   virtual ~PropertyListSerialization() = default;
 

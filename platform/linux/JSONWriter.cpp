@@ -17,7 +17,10 @@ constexpr AsciiSet kPlain = AsciiSet::printableWithout("\"\\");
 class Writer {
  public:
   void write(const PropertyListValue& value) { std::visit(*this, value.storage()); }
-  std::string take() { return std::move(out_); }
+  std::string take() {
+    requireRoom();
+    return std::move(out_);
+  }
 
   void operator()(Null) { out_ += "null"; }
   void operator()(bool value) { out_ += value ? "true" : "false"; }
@@ -37,6 +40,7 @@ class Writer {
   void operator()(const std::string& text) {
     out_ += '"';
     for (std::size_t position = 0; position < text.size();) {
+      requireRoom();
       if (const std::size_t length = kPlain.lengthAt(text, position)) {
         out_.append(text, position, length);
         position += length;
@@ -95,7 +99,12 @@ class Writer {
     out_ += bracket;
   }
 
+  void requireRoom() const {
+    if (out_.size() > kMaximumJSONBytes) throw std::invalid_argument("JSON would be too large");
+  }
+
   void nextEntry() {
+    requireRoom();
     if (!first_) out_ += ',';
     first_ = false;
     newLine();

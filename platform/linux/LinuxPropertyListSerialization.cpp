@@ -18,10 +18,10 @@ std::optional<PropertyListValue> LinuxPropertyListSerialization::propertyListWit
 std::optional<std::string> LinuxPropertyListSerialization::dataWithPropertyList(
     const PropertyListValue& value) const {
   // What could not be read back must not be written.
-  const auto fits = [](const auto& bytes) { return bytes && bytes->size() <= kMaximumBytes; };
   std::optional<std::string> bytes = writeXMLPropertyList(value);
-  if (!fits(bytes)) bytes = writeBinaryPropertyList(value);
-  return fits(bytes) ? std::move(bytes) : std::nullopt;
+  if (bytes && isWithinXMLLimits(*bytes)) return bytes;
+  bytes = writeBinaryPropertyList(value);
+  return bytes && bytes->size() <= kMaximumBytes ? std::move(bytes) : std::nullopt;
 }
 
 }  // namespace frelta

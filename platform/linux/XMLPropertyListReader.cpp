@@ -133,9 +133,9 @@ class Reader {
   bool finishLeaf(Element element) {
     switch (element) {
       case Element::Key:
-        return builder_.setKey(text_);
+        return builder_.setKey(std::move(text_));
       case Element::String:
-        return builder_.add(text_);
+        return builder_.add(std::move(text_));
       case Element::Integer:
         return add(integerFromText(text_));
       case Element::Real:
@@ -241,20 +241,22 @@ bool areTagsShort(std::string_view bytes) {
   return true;
 }
 
-/// Each is told of alone. In UTF-16 others may be counted too.
-constexpr std::ptrdiff_t kMostLineBreaks = std::ptrdiff_t{4} << 20;
+/// Line breaks and references, each of which is told of alone. In UTF-16 others may be counted too.
+constexpr std::ptrdiff_t kMostPieces = std::ptrdiff_t{1} << 20;
 
-std::ptrdiff_t lineBreaksIn(std::string_view bytes) {
-  return std::count(bytes.begin(), bytes.end(), '\n') +
-         std::count(bytes.begin(), bytes.end(), '\r');
+std::ptrdiff_t piecesIn(std::string_view bytes) {
+  return std::ranges::count_if(
+      bytes, [](char byte) { return byte == '\n' || byte == '\r' || byte == '&'; });
 }
 
 }  // namespace
 
+bool isWithinXMLLimits(std::string_view bytes) {
+  return bytes.size() <= PropertyListSerialization::kMaximumBytes && piecesIn(bytes) <= kMostPieces;
+}
+
 std::optional<PropertyListValue> readXMLPropertyList(std::string_view bytes) {
-  if (bytes.size() > PropertyListSerialization::kMaximumBytes || !areTagsShort(bytes) ||
-      lineBreaksIn(bytes) > kMostLineBreaks)
-    return std::nullopt;
+  if (!isWithinXMLLimits(bytes) || !areTagsShort(bytes)) return std::nullopt;
   return Reader().read(bytes);
 }
 

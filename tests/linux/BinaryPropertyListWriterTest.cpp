@@ -164,12 +164,23 @@ TEST_F(PropertyListForms, TheBinaryFormIsWrittenWhereXMLCannotCarryTheValue) {
 
 // Base64 takes four bytes for three: the file read would be the last one that could be.
 TEST_F(PropertyListForms, TheBinaryFormIsWrittenWhereXMLWouldBeTooLarge) {
-  const PropertyListValue value(Data{std::string(50 << 20, 'x')});
+  const PropertyListValue value(Data{std::string(40 << 20, 'x')});
 
   const auto document = propertyLists.dataWithPropertyList(value);
 
   EXPECT_TRUE(isBinary(document));
   EXPECT_EQ(propertyLists.propertyListWithData(document.value()), value);
+}
+
+TEST_F(PropertyListForms, TheBinaryFormIsWrittenWhereXMLWouldHaveTooManyPieces) {
+  for (const char character : {'\n', '&', '<'}) {
+    const PropertyListValue value(std::string((1 << 20) + 1, character));
+
+    const auto document = propertyLists.dataWithPropertyList(value);
+
+    EXPECT_TRUE(isBinary(document)) << character;
+    EXPECT_EQ(propertyLists.propertyListWithData(document.value()), value) << character;
+  }
 }
 
 TEST_F(PropertyListForms, NothingIsWrittenThatCouldNotBeRead) {

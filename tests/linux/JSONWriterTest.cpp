@@ -7,6 +7,7 @@
 
 #include "GeneratedPropertyLists.h"
 #include "linux/JSONReader.h"
+#include "tests/support/PeakMemory.h"
 
 namespace frelta {
 namespace {
@@ -74,6 +75,26 @@ TEST(JSONWriter, ThrowsForWhatJSONCannotHold) {
     EXPECT_THROW(writeJSON(Dictionary{{"k", Array{value}}}), std::invalid_argument);
   }
   EXPECT_THROW(writeJSON(Dictionary{{"\xC3", 1}}), std::invalid_argument);
+}
+
+TEST(JSONWriter, RefusesADocumentOverTheByteLimit) {
+  const std::string most(kMaximumJSONBytes - 2, 'x');
+
+  EXPECT_EQ(writeJSON(most).size(), kMaximumJSONBytes);
+  EXPECT_THROW(writeJSON(most + "x"), std::invalid_argument);
+}
+
+TEST(JSONWriter, StopsWhereADocumentGoesOverTheLimit) {
+  // Six bytes for one, and blanks before each entry.
+  const std::string controls(kMaximumJSONBytes, '\x01');
+  PropertyListValue indented = Array(190'000, true);
+  for (int level = 0; level < 100; ++level) indented = Array{indented};
+  const PeakMemory memory;
+
+  EXPECT_THROW(writeJSON(controls), std::invalid_argument);
+  EXPECT_THROW(writeJSON(indented), std::invalid_argument);
+
+  EXPECT_LT(memory.growth(), 3 * kMaximumJSONBytes);
 }
 
 TEST(JSONWriter, AThousandGeneratedValuesReadAsTheyWereWritten) {

@@ -279,8 +279,8 @@ TEST(XMLPropertyListReader, AsManyKeysAsMayBeTakeLittleMemory) {
   EXPECT_LT(memory.growth(), std::uint64_t{64} << 20);
 }
 
-TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
-  const std::string blob(50'000'000, '\x80');
+TEST(XMLPropertyListReader, ReadsTensOfMegabytesOfData) {
+  const std::string blob(36'000'000, '\x80');
 
   const std::optional<PropertyListValue> value =
       readBody("<data>" + base64EncodedString(blob) + "</data>");
@@ -289,15 +289,31 @@ TEST(XMLPropertyListReader, ReadsFiftyMegabytesOfData) {
   EXPECT_TRUE(value->data()->bytes == blob);
 }
 
-TEST(XMLPropertyListReader, TakesFourMebiLineBreaksAndNoMore) {
-  const auto withBreaks = [](std::size_t count, char lineBreak) {
-    return "<plist><string>" + std::string(count, lineBreak) + "</string></plist>";
+TEST(XMLPropertyListReader, TakesAMebiOfLineBreaksAndReferencesAndNoMore) {
+  const auto document = [](std::size_t count, const std::string& piece) {
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) text += piece;
+    return "<plist><string>" + text + "</string></plist>";
   };
-  constexpr std::size_t kMost = std::size_t{4} << 20;
+  constexpr std::size_t kMost = std::size_t{1} << 20;
 
-  EXPECT_TRUE(readXMLPropertyList(withBreaks(kMost, '\n')));
-  EXPECT_FALSE(readXMLPropertyList(withBreaks(kMost + 1, '\n')));
-  EXPECT_FALSE(readXMLPropertyList(withBreaks(kMost + 1, '\r')));
+  for (const char* piece : {"\n", "\r", "&lt;"}) {
+    EXPECT_TRUE(readXMLPropertyList(document(kMost, piece))) << piece;
+    EXPECT_FALSE(readXMLPropertyList(document(kMost + 1, piece))) << piece;
+  }
+}
+
+// The characters are two bytes each in UTF-8.
+TEST(XMLPropertyListReader, TextInAnotherEncodingIsNotKeptTwice) {
+  const std::string document = "<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>" +
+                               std::string(20'000'000, '\xE9') + "</string></plist>";
+  const PeakMemory memory;
+
+  const auto value = readXMLPropertyList(document);
+
+  ASSERT_TRUE(value && value->string());
+  EXPECT_EQ(value->string()->size(), 40'000'000U);
+  EXPECT_LT(memory.growth(), std::uint64_t{90} << 20);
 }
 
 TEST(XMLPropertyListReader, TakesNoAttributeButTheVersion) {
