@@ -18,10 +18,12 @@ std::optional<PropertyListValue> LinuxPropertyListSerialization::propertyListWit
 std::optional<std::string> LinuxPropertyListSerialization::dataWithPropertyList(
     const PropertyListValue& value) const {
   // What could not be read back must not be written.
-  std::optional<std::string> bytes = writeXMLPropertyList(value);
-  if (bytes && isWithinXMLLimits(*bytes)) return bytes;
-  bytes = writeBinaryPropertyList(value);
-  return bytes && bytes->size() <= kMaximumBytes ? std::move(bytes) : std::nullopt;
+  {
+    auto xml = writeXMLPropertyList(value);
+    if (xml && isWithinXMLLimits(*xml)) return xml;
+  }
+  auto binary = writeBinaryPropertyList(value);
+  return binary && binary->size() <= kMaximumBytes ? std::move(binary) : std::nullopt;
 }
 
 }  // namespace frelta

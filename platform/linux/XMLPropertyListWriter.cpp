@@ -49,6 +49,7 @@ class Writer {
     return isInRange(date) && isWhole && element("<date>", textFromDate(date), "</date>\n");
   }
   bool operator()(const Data& data) {
+    if (!hasRoomFor(data.bytes.size() / 3 * 4)) return false;
     line("<data>");
     const std::string text = base64EncodedString(data.bytes);
     for (std::size_t i = 0; i < text.size(); i += kBase64LineLength)
@@ -75,6 +76,11 @@ class Writer {
 
  private:
   static constexpr std::size_t kMaximumDepth = PropertyListSerialization::kMaximumDepth;
+
+  /// Ends what would be refused anyhow before it takes the memory; not exact.
+  bool hasRoomFor(std::size_t bytes) const {
+    return out_.size() + bytes <= PropertyListSerialization::kMaximumBytes;
+  }
 
   bool open(std::string_view tag) {
     if (depth_ == kMaximumDepth) return false;
@@ -108,6 +114,7 @@ class Writer {
   bool escape(std::string_view text) {
     for (std::size_t position = 0; position < text.size();) {
       if (const std::size_t length = kPlain.lengthAt(text, position)) {
+        if (!hasRoomFor(length)) return false;
         out_.append(text.substr(position, length));
         position += length;
         continue;
